@@ -1,0 +1,254 @@
+#include "engine/base/calculation/KVXECalculationMgr.h"
+
+#include <boost/sort/pdqsort/pdqsort.hpp>
+#include <iostream>
+
+#include "engine/base/calculation/KVXETableOperations.h"
+#include "engine/base/workbook/KVXECell.h"
+#include "engine/base/workbook/KVXERow.h"
+#include "engine/base/workbook/KVXETab.h"
+#include "engine/base/workbook/KVXETable.h"
+
+namespace {
+
+constexpr unsigned int MaxIterations = 100;
+
+/// A dirty cell with its place in the order of KVXEUID::Compare, packed so that sorting compares two numbers.
+struct OrderedCell {
+  std::uint64_t sheet;  // book and tab, then table
+  std::uint64_t place;  // row, then column
+  KVXECell* cell;
+
+  explicit OrderedCell(KVXECell* c) : sheet(~std::uint64_t{0}), place(~std::uint64_t{0}), cell(c) {
+    const KVXERow* row = c->getRow();
+    if (!row) return;
+    place = std::uint64_t{row->getIndex()} << 32 | c->getColumnIndex();
+    const KVXETable* table = row->getTable();
+    if (table && table->getTab()) sheet = std::uint64_t{table->getTab()->getIndex()} << 32 | table->getIndex();
+  }
+
+  friend bool operator<(const OrderedCell& a, const OrderedCell& b) {
+    return a.sheet != b.sheet ? a.sheet < b.sheet : a.place < b.place;
+  }
+};
+
+std::vector<OrderedCell> dirtyCellsInOrder() {
+  std::vector<KVXECell*> cells;
+  KVXECellStateMgr::getGlobal().getCellsForRecalculate(cells);
+  std::vector<OrderedCell> ordered(cells.begin(), cells.end());
+  boost::sort::pdqsort(ordered.begin(), ordered.end());
+  return ordered;
+}
+
+}  // namespace
+
+KVXETableOperations& KVXETableOperations::getGlobal() {
+  static KVXETableOperations operations;
+  return operations;
+}
+
+KVXECalculationMgr& KVXECalculationMgr::getGlobal() {
+  static KVXECalculationMgr manager;
+  return manager;
+}
+
+KVXECalculationMgr::KVXECalculationMgr() {
+  KVXECellStateMgr::getGlobal();  // cells leave both managers when they die, so neither ends before the other
+}
+
+KVXECalculationMgr::~KVXECalculationMgr() = default;
+
+// Recording.
+
+void KVXECalculationMgr::record(NodeAction action, KVXECell* cell) {
+  if (action > END_EVAL) return;
+  if (action == END_EVAL) {
+    if (m_observer) m_observer->onEndEvaluation(cell);
+    handleEndEval();
+    return;
+  }
+  if (action == BEGIN_EVAL) {
+    if (m_observer) m_observer->onBeginEvaluation(cell);
+    if (m_depth == m_callStack.size()) m_callStack.emplace_back();
+    m_callStack[m_depth].reads.clear();
+    m_callStack[m_depth].writes.clear();
+    ++m_depth;
+  }
+  if (m_depth == 0) return;  // touched by the loop itself, outside any formula
+  const Vertex vertex = cellToVertex(cell);
+  Frame& frame = m_callStack[m_depth - 1];
+  std::vector<Vertex>& touched = action <= READ_PREVIOUS ? frame.reads : frame.writes;
+  if (touched.empty() || touched.back() != vertex) touched.push_back(vertex);
+}
+
+void KVXECalculationMgr::handleEndEval() {
+  if (m_depth == 0 || !m_graph) return;
+  const Frame& frame = m_callStack[m_depth - 1];
+  if (frame.writes.empty()) return;
+  std::function<void(Vertex, Vertex)> learned;
+  if (m_observer)
+    learned = [this](Vertex from, Vertex to) {
+      m_observer->onEdgeLearned(m_graph->getCell(from), m_graph->getCell(to));
+    };
+  m_graph->learn(frame.reads, frame.writes, learned);
+  --m_depth;
+}
+
+KVXECalculationMgr::Vertex KVXECalculationMgr::cellToVertex(KVXECell* cell) {
+  const bool isKnown = m_graph && (!cell || cell->m_graphGeneration == m_generation);
+  const Vertex vertex = cell ? cell->m_vertex : 0;
+  if (!isKnown || vertex >= m_graph->size()) {
+    std::cout << "Error: No or incorrect vertex found for below cell in DAG.\n"
+              << (cell ? cell->describe(" -> ") : std::string()) << '\n';
+    return 0;
+  }
+  if (cell && m_graph->getCell(vertex) != cell) {
+    std::cout << "Error: Incorrect vertex to cell linking found for below cell in DAG.\n"
+              << cell->describe(" -> ") << '\n';
+    return 0;
+  }
+  return vertex;
+}
+
+// Calculation.
+
+bool KVXECalculationMgr::calculate() {
+  m_isCalculating = true;
+  evaluateRounds();
+  m_isCalculating = false;
+  return true;
+}
+
+void KVXECalculationMgr::evaluateRounds() {
+  unsigned int iterations = 0;
+  for (auto dirty = dirtyCellsInOrder(); !dirty.empty(); dirty = dirtyCellsInOrder()) {
+    if (iterations == MaxIterations) break;
+    ++iterations;
+    for (const OrderedCell& ordered : dirty) ordered.cell->evaluateFormula();
+    if (m_nextIterationCells.empty()) continue;
+    const KVXEUIDSet again = std::exchange(m_nextIterationCells, makeUIDSet());
+    invalidateFOofCells(again);
+  }
+  if (iterations == MaxIterations)
+    std::cout << "Error: Incremental calculation exceeded calculation iteration count threshold. Please look at "
+                 "usage of markDirtyForNextCalculationIteration API in your code and make sure it is not being "
+                 "called again and agin in the logic."
+              << '\n';
+}
+
+bool KVXECalculationMgr::incrCalculate() {
+  const bool isTableOperation = KVXETableOperations::getGlobal().getIsTableOperationActive();
+  if (m_isGraphStale || KVXECellStateMgr::getGlobal().isGuiRedrawNeeded().first) {
+    if (!isTableOperation || !m_graph) return fullCalculate();
+    m_isGraphStale = false;
+  }
+  m_isIncremental = true;
+  std::vector<KVXECell*> seeds;
+  KVXECellStateMgr::getGlobal().getCellsForRecalculate(seeds);
+  invalidateFOofCells(seeds);
+  const bool result = calculate();
+  m_isIncremental = false;
+  return result;
+}
+
+bool KVXECalculationMgr::fullCalculate() {
+  initGraphVertices();
+  KVXECellStateMgr::getGlobal().markBothDirty();
+  const bool result = calculate();
+  m_isGraphStale = false;
+  return result;
+}
+
+// Graph.
+
+void KVXECalculationMgr::initGraphVertices() {
+  std::unique_ptr<KVXEDependencyGraph> graph = std::move(m_graph);
+  resetGraph();
+  std::vector<KVXECell*> cells;
+  const size_t count = KVXECellStateMgr::getGlobal().getAllCells(cells);
+  if (graph) {
+    graph->reset(count + 1);
+  } else {
+    graph = std::make_unique<KVXEDependencyGraph>(count + 1);
+  }
+  m_graph = std::move(graph);
+  for (size_t i = 0; i < count; ++i) {
+    const Vertex vertex = static_cast<Vertex>(i);
+    cells[i]->m_vertex = vertex;
+    cells[i]->m_graphGeneration = m_generation;
+    m_graph->setCell(vertex, cells[i]);
+  }
+}
+
+void KVXECalculationMgr::resetGraph() {
+  m_graph.reset();
+  ++m_generation;
+  m_depth = 0;
+}
+
+void KVXECalculationMgr::addVertex(KVXECell* cell) {
+  if (!cell) return;
+  if (!m_graph) initGraphVertices();
+  if (cell->m_graphGeneration == m_generation && cell->m_vertex < m_graph->size()) return;
+  cell->m_vertex = m_graph->addVertex(cell);
+  cell->m_graphGeneration = m_generation;
+}
+
+void KVXECalculationMgr::clearEdgesOfVertex(KVXECell* cell) {
+  if (!m_graph) return;
+  const Vertex vertex = cellToVertex(cell);
+  if (vertex == 0) return;
+  m_graph->clearOutEdges(vertex);
+  m_graph->setCell(vertex, nullptr);
+  cell->m_graphGeneration = m_generation - 1;
+}
+
+void KVXECalculationMgr::forget(KVXECell* cell) {
+  std::erase_if(m_nextIterationCells, [cell](const KVXEUID& uid) { return uid.getCell() == cell; });
+  if (m_graph && cell->m_graphGeneration == m_generation) clearEdgesOfVertex(cell);
+}
+
+void KVXECalculationMgr::invalidateFOofCells(const KVXEUIDSet& seeds) {
+  std::vector<KVXECell*> cells;
+  for (const KVXEUID& uid : seeds)
+    if (uid.getCell()) cells.push_back(uid.getCell());
+  if (!seeds.empty()) invalidateFOofCells(cells);
+}
+
+void KVXECalculationMgr::invalidateFOofCells(const std::vector<KVXECell*>& seeds) {
+  if (seeds.empty() || !m_graph) return;
+  m_graph->clearOutEdges(0);
+  for (KVXECell* cell : seeds) m_graph->addEdge(0, cellToVertex(cell));
+  m_graph->visitDepthFirst(0, [this](Vertex vertex, Vertex from) {
+    KVXECell* cell = m_graph->getCell(vertex);
+    if (!cell) return;
+    if (m_observer) m_observer->onMarkedDirty(cell, from == 0 ? nullptr : m_graph->getCell(from));
+    cell->markBothDirty();
+  });
+}
+
+std::vector<KVXECell*> KVXECalculationMgr::getDirectDependents(KVXECell* cell) {
+  std::vector<KVXECell*> dependents;
+  if (!m_graph) return dependents;
+  for (const Vertex to : m_graph->getOutEdges(cellToVertex(cell)))
+    if (KVXECell* dependent = m_graph->getCell(to)) dependents.push_back(dependent);
+  return dependents;
+}
+
+std::vector<KVXECell*> KVXECalculationMgr::getDirectSources(KVXECell* cell) {
+  std::vector<KVXECell*> sources;
+  if (!m_graph) return sources;
+  for (const Vertex from : m_graph->getInEdges(cellToVertex(cell)))
+    if (KVXECell* source = m_graph->getCell(from)) sources.push_back(source);
+  return sources;
+}
+
+std::string KVXECalculationMgr::checkInvariants() const {
+  if (!m_graph) return {};
+  for (Vertex v = 0; v < m_graph->size(); ++v) {
+    const KVXECell* cell = m_graph->getCell(v);
+    if (cell && (cell->m_vertex != v || cell->m_graphGeneration != m_generation))
+      return "a cell does not know its vertex " + std::to_string(v);
+  }
+  return m_graph->checkInvariants();
+}

@@ -1,0 +1,3 @@
+#include "engine/base/workbook/KVXEViewer.h"
+
+KVXEEnums::Visibility KVXEViewer::s_level = KVXEEnums::Visibility::EXTERNAL;

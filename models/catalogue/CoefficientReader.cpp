@@ -1,0 +1,128 @@
+#include "models/catalogue/CoefficientReader.h"
+
+#include <algorithm>
+#include <cmath>
+#include <toml++/toml.h>
+
+#include "models/catalogue/CsvTable.h"
+
+namespace kvxm {
+namespace {
+
+constexpr float doubtFactor = 10;  // how far outside its band a value may lie without a warning
+
+int lineOf(const toml::node& node) { return static_cast<int>(node.source().begin.line); }
+
+const std::vector<std::string_view>& coefficientKeys() {
+  static const std::vector<std::string_view> keys = [] {
+    std::vector<std::string_view> all;
+    for (std::size_t i = 0; i < coefficientCount; ++i) all.push_back(coefficientInfos()[i].key);
+    return all;
+  }();
+  return keys;
+}
+
+/// One file on its way into the sets.
+class Reader {
+ public:
+  Reader(const DataFile& file, const SectionNames& names, CoefficientSets& sets, Problems& problems)
+      : m_file(file), m_names(names), m_sets(sets), m_problems(problems) {}
+
+  void readTop(const toml::table& top) {
+    for (const auto& [key, node] : top) {
+      if (key == "family") {
+        readSections(node, "family", m_names.families, m_sets.families);
+      } else if (key == "device") {
+        readSections(node, "device", m_names.devices, m_sets.devices);
+      } else {
+        readValue(key.str(), node, m_sets.all);
+      }
+    }
+  }
+
+ private:
+  void readSections(const toml::node& node, std::string_view kind, const std::vector<std::string_view>& known,
+                    std::map<std::string, CoefficientSets::Values, std::less<>>& sections) {
+    const toml::table* table = node.as_table();
+    if (!table) {
+      return m_problems.error(m_file, lineOf(node), kind, "not a section",
+                              "expected [" + std::string(kind) + ".NAME]");
+    }
+    for (const auto& [name, section] : *table) {
+      const std::string label = std::string(kind) + "." + std::string(name.str());
+      if (std::find(known.begin(), known.end(), name.str()) == known.end()) {
+        m_problems.error(m_file, lineOf(section), label, "unknown " + std::string(kind),
+                         expectedOneOf(name.str(), known));
+      } else if (const toml::table* values = section.as_table()) {
+        for (const auto& [key, value] : *values) readValue(key.str(), value, sections[std::string(name.str())]);
+      } else {
+        m_problems.error(m_file, lineOf(section), label, "not a section", "expected [" + label + "]");
+      }
+    }
+  }
+
+  void readValue(std::string_view key, const toml::node& node, CoefficientSets::Values& values) {
+    const auto& keys = coefficientKeys();
+    const auto found = std::find(keys.begin(), keys.end(), key);
+    if (found == keys.end()) {
+      return m_problems.error(m_file, lineOf(node), key, "unknown key", expectedOneOf(key, keys));
+    }
+    const auto index = static_cast<std::size_t>(found - keys.begin());
+    const CoefficientInfo& info = coefficientInfos()[index];
+    const std::string expected = "expected a number in " + std::string(info.unit) + ", believable from " +
+                                 numberText(info.bandMin) + " to " + numberText(info.bandMax);
+    if (!node.is_number()) return m_problems.error(m_file, lineOf(node), key, "not a number", expected);
+    const double read = node.value_or(0.0);
+    const auto value = static_cast<float>(std::clamp(read, -1e38, 1e38));
+    if (!std::isfinite(read) || std::abs(read) >= 1e38) {
+      return m_problems.error(m_file, lineOf(node), key, "not a finite number", expected);
+    }
+    values[index] = value;
+    if (value < info.bandMin / doubtFactor || value > info.bandMax * doubtFactor) {
+      m_problems.warning(m_file, lineOf(node), key,
+                         numberText(value) + " is more than ten times outside its band", expected);
+    }
+  }
+
+  const DataFile& m_file;
+  const SectionNames& m_names;
+  CoefficientSets& m_sets;
+  Problems& m_problems;
+};
+
+void apply(const std::map<std::string, CoefficientSets::Values, std::less<>>& sections, std::string_view name,
+           Characterisation& set) {
+  const auto section = sections.find(name);
+  if (section == sections.end()) return;
+  for (const auto& [index, value] : section->second) set.set(static_cast<Coefficient>(index), value);
+}
+
+}  // namespace
+
+Characterisation CoefficientSets::setFor(std::string_view family, std::string_view device) const {
+  Characterisation set;
+  for (const auto& [index, value] : all) set.set(static_cast<Coefficient>(index), value);
+  apply(families, family, set);
+  apply(devices, device, set);
+  return set;
+}
+
+void readCoefficients(const DataFile& file, const SectionNames& names, CoefficientSets& sets,
+                      Problems& problems) {
+  try {
+    Reader(file, names, sets, problems).readTop(toml::parse(file.text, file.path));
+  } catch (const toml::parse_error& failure) {
+    problems.error(file, static_cast<int>(failure.source().begin.line), {}, failure.description(),
+                   "expected lines \"key = number\" and sections [family.\"NAME\"] or [device.NAME]");
+  }
+}
+
+void checkComplete(const DataFile& file, const CoefficientSets& sets, Problems& problems) {
+  for (std::size_t i = 0; i < coefficientCount; ++i) {
+    if (sets.all.contains(i)) continue;
+    problems.error(file, 0, coefficientInfos()[i].key, "missing key",
+                   "expected a value in " + std::string(coefficientInfos()[i].unit));
+  }
+}
+
+}  // namespace kvxm

@@ -1,0 +1,18 @@
+# Writes OUTPUT, a C++ source that holds the data files below DATA_DIR as string literals.
+# Usage: cmake -DDATA_DIR=... -DFILES="a.csv;b.toml" -DOUTPUT=... -P EmbedData.cmake
+set(source "// Generated from models/data by EmbedData.cmake.\n#include \"models/catalogue/EmbeddedData.h\"\n\n")
+string(APPEND source "#include <array>\n\nnamespace kvxm {\nnamespace {\n\n")
+set(entries "")
+set(count 0)
+foreach(file IN LISTS FILES)
+  file(READ "${DATA_DIR}/${file}" text)
+  if(text MATCHES "\\)kvxdata\"")
+    message(FATAL_ERROR "${file}: contains the end mark of the embedded text")
+  endif()
+  string(APPEND source "constexpr std::string_view file${count} = R\"kvxdata(${text})kvxdata\";\n\n")
+  string(APPEND entries "    EmbeddedFile{\"${file}\", file${count}},\n")
+  math(EXPR count "${count} + 1")
+endforeach()
+string(APPEND source "constexpr std::array<EmbeddedFile, ${count}> files{{\n${entries}}};\n\n}  // namespace\n\n")
+string(APPEND source "std::span<const EmbeddedFile> embeddedFiles() { return files; }\n\n}  // namespace kvxm\n")
+file(WRITE "${OUTPUT}" "${source}")

@@ -1,0 +1,8 @@
+#include "models/tarvek/KVXMTarvekPartsData.h"
+
+KVXMTarvekPartsData::KVXMTarvekPartsData() : PartsQueries(kvxm::Architecture::Tarvek) {}
+
+const KVXMTarvekPartsData& KVXMTarvekPartsData::getGlobal() {
+  static const KVXMTarvekPartsData instance;
+  return instance;
+}

@@ -1,0 +1,6 @@
+#include "models/tarvek/KVXMTarvekStaticData.h"
+
+const KVXMTarvekStaticData& KVXMTarvekStaticData::getGlobal() {
+  static const KVXMTarvekStaticData instance;
+  return instance;
+}

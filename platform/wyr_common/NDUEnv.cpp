@@ -1,0 +1,7 @@
+#include "platform/wyr_common/NDUEnv.h"
+
+#include <cstdlib>
+
+const char* NDUEnv::getEnv(const char* name) {
+  return std::getenv(name);
+}
