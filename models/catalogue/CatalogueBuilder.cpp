@@ -21,7 +21,8 @@ bool contains(const std::vector<std::string>& words, std::string_view word) {
 /// Removes the grades from the ranges, and the ranges that lose all.
 void takeGrades(std::vector<GradedVoltageRange>& ranges, const std::vector<std::string>& grades) {
   for (auto range = ranges.begin(); range != ranges.end();) {
-    const auto lost = std::erase_if(range->grades, [&](const auto& grade) { return contains(grades, grade); });
+    const auto lost =
+        std::erase_if(range->grades, [&](const auto& grade) { return contains(grades, grade); });
     range = lost > 0 && range->grades.empty() ? ranges.erase(range) : range + 1;
   }
 }
@@ -35,25 +36,25 @@ std::string layerKey(const DataFile& file, bool isUser, const std::string& key) 
 
 const std::vector<std::string_view>& knownResources(Architecture architecture) {
   static const std::vector<std::string_view> tarvek{
-      "LUT",  "FF",    "LUTRAM", "SRL",   "BRAM",  "WRAM",  "MPRAM", "DSP",   "PS",    "PSW",     "MXE",
-      "MXE2", "NICB",  "HSIO",   "LSIO",  "Y7IO",  "IO",    "XCVRA", "XCVRC", "XCVRD", "HIC",     "HIC5",
-      "HIC5N", "PCIE", "PCIE5",  "EMMAC", "EBMAC", "ILKN",  "FEC",   "CRE",   "VDU",   "FSYN",    "DPLL",
-      "IOPLL", "Y7PLL", "HSRAM", "HMC",   "FSR",   "HBM2E", "DDRMC5", "DDRMC5C", "SLR", "DAC",   "ADC"};
+      "LUT",   "FF",    "LUTRAM", "SRL",   "BRAM",  "WRAM",  "MPRAM",  "DSP",     "PS",    "PSW",  "MXE",
+      "MXE2",  "NICB",  "HSIO",   "LSIO",  "Y7IO",  "IO",    "XCVRA",  "XCVRC",   "XCVRD", "HIC",  "HIC5",
+      "HIC5N", "PCIE",  "PCIE5",  "EMMAC", "EBMAC", "ILKN",  "FEC",    "CRE",     "VDU",   "FSYN", "DPLL",
+      "IOPLL", "Y7PLL", "HSRAM",  "HMC",   "FSR",   "HBM2E", "DDRMC5", "DDRMC5C", "SLR",   "DAC",  "ADC"};
   static const std::vector<std::string_view> morlan{
-      "LUT",  "FF",    "LUTRAM", "BRAM", "WRAM",  "DSP",   "PS",    "MSIO", "LSIO",  "XCVRA", "XCVRB",
-      "XCVRC", "HBM",  "PCIE",   "PCIEC", "EAMAC", "ILMAC", "FEC",  "VCU",  "FSYN",  "ADC",   "DAC",
-      "SYSMON", "CLKROWS", "CLKCOLS", "NUM_DIES"};
-  static const std::vector<std::string_view> som{
-      "LUT",  "LUTRAM", "BRAM", "WRAM",  "DSP",  "PS",   "MSIO",    "LSIO",    "HSIO",    "XCVRB", "XCVRC",
-      "PCIE", "VCU",    "FSYN", "HSRAM", "DPLL", "IOPLL", "FSR",    "ADC",     "DAC",     "CLKROWS",
-      "CLKCOLS", "NUM_DIES"};
+      "LUT",   "FF",    "LUTRAM", "BRAM", "WRAM",   "DSP",     "PS",      "MSIO",    "LSIO",
+      "XCVRA", "XCVRB", "XCVRC",  "HBM",  "PCIE",   "PCIEC",   "EAMAC",   "ILMAC",   "FEC",
+      "VCU",   "FSYN",  "ADC",    "DAC",  "SYSMON", "CLKROWS", "CLKCOLS", "NUM_DIES"};
+  static const std::vector<std::string_view> som{"LUT",  "LUTRAM", "BRAM",    "WRAM",    "DSP",     "PS",
+                                                 "MSIO", "LSIO",   "HSIO",    "XCVRB",   "XCVRC",   "PCIE",
+                                                 "VCU",  "FSYN",   "HSRAM",   "DPLL",    "IOPLL",   "FSR",
+                                                 "ADC",  "DAC",    "CLKROWS", "CLKCOLS", "NUM_DIES"};
   return architecture == Architecture::Tarvek ? tarvek : architecture == Architecture::Morlan ? morlan : som;
 }
 
 const std::vector<std::string_view>& supplyCategories() {
-  static const std::vector<std::string_view> keys{"PMC", "LPD",   "FPD",   "SYSTEM_AUX", "SYSTEM_CORE",
-                                                  "PL_CORE", "IO", "XCVRA", "XCVRD", "XCVRC",
-                                                  "HBM", "BATT",  "OTHER"};
+  static const std::vector<std::string_view> keys{"PMC",     "LPD",  "FPD",   "SYSTEM_AUX", "SYSTEM_CORE",
+                                                  "PL_CORE", "IO",   "XCVRA", "XCVRD",      "XCVRC",
+                                                  "HBM",     "BATT", "OTHER"};
   return keys;
 }
 
@@ -67,7 +68,8 @@ std::vector<std::string_view> CatalogueBuilder::deviceNames(Architecture archite
 }
 
 std::vector<std::string_view> CatalogueBuilder::familyNames(Architecture architecture) const {
-  return namesOf(families, architecture, [](const Family& family) -> std::string_view { return family.name; });
+  return namesOf(families, architecture,
+                 [](const Family& family) -> std::string_view { return family.name; });
 }
 
 std::vector<std::string_view> CatalogueBuilder::railNames(Architecture architecture) const {
@@ -115,9 +117,8 @@ Device* CatalogueBuilder::knownDevice(CsvRow& row, const DataFile& file, std::st
 /// A row replaces the limits of the grades that it names; a row for some devices that names no grade replaces
 /// all limits of the rail there. Where the row's limits come first, its law of leakage holds for the rail.
 void CatalogueBuilder::applyRule(Device& device, const SupplyRule& rule) {
-  const auto found = std::find_if(device.supplies.begin(), device.supplies.end(), [&](const Supply& supply) {
-    return supply.rail == rule.supply.rail;
-  });
+  const auto found = std::find_if(device.supplies.begin(), device.supplies.end(),
+                                  [&](const Supply& supply) { return supply.rail == rule.supply.rail; });
   if (found == device.supplies.end()) {
     device.supplies.push_back(rule.supply);
     return;
@@ -217,8 +218,9 @@ void CatalogueBuilder::checkDevice(const Device& device) {
   if (device.architecture != Architecture::Som && !m_leakage.contains(device.name)) {
     lack(key, "no leakage", "expected a column in leakage.csv");
   }
-  const bool hasLimit = std::any_of(device.packages.begin(), device.packages.end(),
-                                    [&](const std::string& package) { return device.maxCurrent(package) > 0; });
+  const bool hasLimit =
+      std::any_of(device.packages.begin(), device.packages.end(),
+                  [&](const std::string& package) { return device.maxCurrent(package) > 0; });
   if (!hasLimit) lack(key, "no maximum current", "expected a package of the device in packages.csv");
 }
 

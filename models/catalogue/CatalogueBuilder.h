@@ -13,16 +13,16 @@
 namespace kvxm {
 
 /// Puts the catalogue together from data files, the built-in ones first. A row replaces the one with the same
-/// key from an earlier layer; the same key twice in one layer is a mistake. What the rows leave unsaid about a
-/// known device stays as it was.
+/// key from an earlier layer; the same key twice in one layer is a mistake. What the rows leave unsaid about
+/// a known device stays as it was.
 class CatalogueBuilder {
  public:
   explicit CatalogueBuilder(Problems& problems) : m_problems(problems) {}
 
   /// Takes in one CSV file. Files come ordered by kind, then by layer.
   void read(const DataFile& file);
-  /// Gives each device its supplies and checks that everything refers to something and no device lacks a part,
-  /// a resource, a supply or a maximum current.
+  /// Gives each device its supplies and checks that everything refers to something and no device lacks a
+  /// part, a resource, a supply or a maximum current.
   void finish();
 
   /// Names that a section of coefficients.toml may carry.
@@ -82,7 +82,7 @@ class CatalogueBuilder {
   Problems& m_problems;
   std::vector<SupplyRule> m_supplyRules;
   std::map<std::string, std::map<std::string, float, std::less<>>> m_leakage;  ///< watts by device and rail
-  std::set<std::string> m_seen;                                                ///< layer, kind and key of each row
+  std::set<std::string> m_seen;  ///< layer, kind and key of each row
   std::map<std::string, Origin> m_origins;
 };
 

@@ -41,8 +41,8 @@ std::vector<std::string> codes(CsvRow& row, std::string_view column,
   return words;
 }
 
-constexpr float lowestBeta = 0.012f, highestBeta = 0.040f;    // per kelvin, see docs/model-data.md
-constexpr float lowestSpread = 1.5f, highestSpread = 2.5f;    // maximum process leakage over typical
+constexpr float lowestBeta = 0.012f, highestBeta = 0.040f;  // per kelvin, see docs/model-data.md
+constexpr float lowestSpread = 1.5f, highestSpread = 2.5f;  // maximum process leakage over typical
 
 }  // namespace
 
@@ -151,7 +151,11 @@ void CatalogueBuilder::readModule(CsvRow& row, const DataFile& file) {
   if (!isDeviceName(Architecture::Som, module.device)) {
     row.wrong("device", quoted(module.device), deviceNameForm(Architecture::Som));
   }
+  if (module.isDefault) firstInLayer(row, file, "default", "default of " + module.family);
   if (!firstInLayer(row, file, "module", module.key) || !row.ok()) return;
+  for (SomModule& known : modules) {
+    if (module.isDefault && known.family == module.family) known.isDefault = false;
+  }
   noteOrigin("module " + module.key, file, row.line());
   if (!findDevice(Architecture::Som, module.device)) {
     Device device;
@@ -183,8 +187,7 @@ void CatalogueBuilder::readLeakage(CsvTable& table) {
   const auto set = [&](Device& device, std::string_view rail, std::string_view cell, int line) {
     float watts = 0;
     if (!parseNumber(cell, watts) || watts < 0 || watts > mostWatts) {
-      return m_problems.error(table.file(), line, device.name, quoted(cell),
-                              "expected watts from 0 to 1000");
+      return m_problems.error(table.file(), line, device.name, quoted(cell), "expected watts from 0 to 1000");
     }
     m_leakage[device.name][std::string(rail)] = watts;
   };
@@ -250,12 +253,13 @@ void CatalogueBuilder::readSupply(CsvRow& row, const DataFile& file) {
   }
   if (!row.ok()) return;
   if (supply.beta < lowestBeta || supply.beta > highestBeta) {
-    m_problems.warning(file, row.line(), "beta", numberText(supply.beta), "expected 0.012 to 0.040 per kelvin");
+    m_problems.warning(file, row.line(), "beta", numberText(supply.beta),
+                       "expected 0.012 to 0.040 per kelvin");
   }
   const std::vector<std::string> grades = range.grades;
   supply.ranges.push_back(std::move(range));
-  const auto same = [&, rail = supply.rail, scope = rule.scope, architecture = rule.architecture](
-                        const SupplyRule& known) {
+  const auto same = [&, rail = supply.rail, scope = rule.scope,
+                     architecture = rule.architecture](const SupplyRule& known) {
     return known.architecture == architecture && known.scope == scope && known.supply.rail == rail &&
            known.supply.ranges.front().grades == grades;
   };

@@ -6,7 +6,8 @@
 
 namespace kvxm {
 
-/// Names every characterisation coefficient of the power equations; see coefficients.def for units and meaning.
+/// Names every characterisation coefficient of the power equations; see coefficients.def for units and
+/// meaning.
 enum class Coefficient : unsigned short {
 #define KVXM_COEFFICIENT(name, key, unit, bandMin, bandMax, meaning) name,
 #include "models/catalogue/coefficients.def"
@@ -31,9 +32,7 @@ const std::array<CoefficientInfo, coefficientCount + 1>& coefficientInfos();
 /// The coefficients of one device: the architecture's set with the overrides of its family and of itself.
 class Characterisation {
  public:
-  float operator[](Coefficient coefficient) const {
-    return m_values[static_cast<std::size_t>(coefficient)];
-  }
+  float operator[](Coefficient coefficient) const { return m_values[static_cast<std::size_t>(coefficient)]; }
   void set(Coefficient coefficient, float value) { m_values[static_cast<std::size_t>(coefficient)] = value; }
 
  private:

@@ -1,8 +1,8 @@
 #include "models/catalogue/CoefficientReader.h"
 
+#include <toml++/toml.h>
 #include <algorithm>
 #include <cmath>
-#include <toml++/toml.h>
 
 #include "models/catalogue/CsvTable.h"
 
@@ -11,7 +11,9 @@ namespace {
 
 constexpr float doubtFactor = 10;  // how far outside its band a value may lie without a warning
 
-int lineOf(const toml::node& node) { return static_cast<int>(node.source().begin.line); }
+int lineOf(const toml::node& node) {
+  return static_cast<int>(node.source().begin.line);
+}
 
 const std::vector<std::string_view>& coefficientKeys() {
   static const std::vector<std::string_view> keys = [] {
@@ -54,7 +56,8 @@ class Reader {
         m_problems.error(m_file, lineOf(section), label, "unknown " + std::string(kind),
                          expectedOneOf(name.str(), known));
       } else if (const toml::table* values = section.as_table()) {
-        for (const auto& [key, value] : *values) readValue(key.str(), value, sections[std::string(name.str())]);
+        for (const auto& [key, value] : *values)
+          readValue(key.str(), value, sections[std::string(name.str())]);
       } else {
         m_problems.error(m_file, lineOf(section), label, "not a section", "expected [" + label + "]");
       }
@@ -69,8 +72,9 @@ class Reader {
     }
     const auto index = static_cast<std::size_t>(found - keys.begin());
     const CoefficientInfo& info = coefficientInfos()[index];
-    const std::string expected = "expected a number in " + std::string(info.unit) + ", believable from " +
-                                 numberText(info.bandMin) + " to " + numberText(info.bandMax);
+    const std::string unit = info.unit.empty() ? std::string() : " " + std::string(info.unit);
+    const std::string expected = "expected a number, believable from " + numberText(info.bandMin) + " to " +
+                                 numberText(info.bandMax) + unit;
     if (!node.is_number()) return m_problems.error(m_file, lineOf(node), key, "not a number", expected);
     const double read = node.value_or(0.0);
     const auto value = static_cast<float>(std::clamp(read, -1e38, 1e38));
@@ -120,8 +124,7 @@ void readCoefficients(const DataFile& file, const SectionNames& names, Coefficie
 void checkComplete(const DataFile& file, const CoefficientSets& sets, Problems& problems) {
   for (std::size_t i = 0; i < coefficientCount; ++i) {
     if (sets.all.contains(i)) continue;
-    problems.error(file, 0, coefficientInfos()[i].key, "missing key",
-                   "expected a value in " + std::string(coefficientInfos()[i].unit));
+    problems.error(file, 0, coefficientInfos()[i].key, "missing key", "expected a value for all devices");
   }
 }
 

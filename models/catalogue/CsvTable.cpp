@@ -37,7 +37,9 @@ bool parseNumber(std::string_view text, float& value) {
   return parseWhole(text, value) && std::isfinite(value);
 }
 
-bool parseNumber(std::string_view text, int& value) { return parseWhole(text, value); }
+bool parseNumber(std::string_view text, int& value) {
+  return parseWhole(text, value);
+}
 
 std::string numberText(float value) {
   char buffer[48];
@@ -66,7 +68,8 @@ CsvTable::CsvTable(const DataFile& file, Problems& problems) : m_file(file), m_p
     problems.error(file, 0, {}, "empty", "expected a header line and rows");
     return;
   }
-  if (m_rows.empty()) problems.error(file, m_headerLine, {}, "no rows", "expected at least one below the header");
+  if (m_rows.empty())
+    problems.error(file, m_headerLine, {}, "no rows", "expected at least one below the header");
   for (std::size_t i = 0; i < m_columns.size(); ++i) {
     const auto here = m_columns.begin() + static_cast<std::ptrdiff_t>(i);
     if (std::find(m_columns.begin(), here, *here) != here) {
@@ -123,8 +126,7 @@ float CsvRow::number(std::string_view column, float min, float max) {
   float value = 0;
   const std::string_view cell = text(column);
   if (!parseNumber(cell, value) || value < min || value > max) {
-    wrong(column, quoted(cell),
-          "expected a number from " + numberText(min) + " to " + numberText(max));
+    wrong(column, quoted(cell), "expected a number from " + numberText(min) + " to " + numberText(max));
     return min;
   }
   return value;
@@ -134,14 +136,15 @@ int CsvRow::integer(std::string_view column, int min, int max) {
   int value = 0;
   const std::string_view cell = text(column);
   if (!parseNumber(cell, value) || value < min || value > max) {
-    wrong(column, quoted(cell),
-          "expected a whole number of at least " + std::to_string(min));
+    wrong(column, quoted(cell), "expected a whole number of at least " + std::to_string(min));
     return min;
   }
   return value;
 }
 
-bool CsvRow::yesNo(std::string_view column) { return choice(column, {"yes", "no"}) == "yes"; }
+bool CsvRow::yesNo(std::string_view column) {
+  return choice(column, {"yes", "no"}) == "yes";
+}
 
 std::string CsvRow::choice(std::string_view column, const std::vector<std::string_view>& choices) {
   const std::string_view cell = text(column);

@@ -33,7 +33,8 @@ struct DataFile {
 /// Collects what is wrong with the data, in the words that the user reads.
 class Problems {
  public:
-  /// One mistake: "file:line: key: what; expected form". Line 0 stands for the whole file, an empty key for none.
+  /// One mistake: "file:line: key: what; expected form". Line 0 stands for the whole file, an empty key for
+  /// none.
   void error(const DataFile& file, int line, std::string_view key, std::string_view what,
              std::string_view expected);
   void warning(const DataFile& file, int line, std::string_view key, std::string_view what,
@@ -49,8 +50,8 @@ std::string quoted(std::string_view text);
 /// The data that the library was built with.
 std::vector<DataFile> builtInDataFiles();
 
-/// The data files of a directory laid out as the built-in data (tarvek/devices.csv and so on). Whatever cannot
-/// be read as text, or is no data file, is an error.
+/// The data files of a directory laid out as the built-in data (tarvek/devices.csv and so on). Whatever
+/// cannot be read as text, or is no data file, is an error.
 std::vector<DataFile> readDataDirectory(const std::string& directory, Problems& problems);
 
 /// The candidate that is nearest to a misspelled name, or empty when none is near.

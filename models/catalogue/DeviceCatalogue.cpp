@@ -76,7 +76,9 @@ int Device::maxCurrent(std::string_view package) const {
   return 0;
 }
 
-const DeviceCatalogue& DeviceCatalogue::getGlobal() { return ModelDataStore::current().catalogue; }
+const DeviceCatalogue& DeviceCatalogue::getGlobal() {
+  return ModelDataStore::current().catalogue;
+}
 
 DeviceCatalogue::DeviceCatalogue(std::vector<Family> families, std::vector<Device> devices,
                                  std::vector<SomModule> modules)

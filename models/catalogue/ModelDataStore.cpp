@@ -15,7 +15,8 @@ const CoefficientSets& setsOf(const std::array<CoefficientSets, 2>& sets, Archit
   return sets[architecture == Architecture::Tarvek ? 0 : 1];  // modules share the sets of their base devices
 }
 
-CharacterisationIndex indexSets(const std::array<CoefficientSets, 2>& sets, const DeviceCatalogue& catalogue) {
+CharacterisationIndex indexSets(const std::array<CoefficientSets, 2>& sets,
+                                const DeviceCatalogue& catalogue) {
   CharacterisationIndex index;
   for (const auto architecture : {Architecture::Tarvek, Architecture::Morlan, Architecture::Som}) {
     index.defaults[static_cast<std::size_t>(architecture)] = setsOf(sets, architecture).setFor({}, {});
@@ -46,7 +47,8 @@ std::unique_ptr<ModelDataStore> build(std::vector<DataFile> files, Problems& pro
     }
     const Architecture architecture = architectureOf(file);
     CoefficientSets& own = sets[architecture == Architecture::Tarvek ? 0 : 1];
-    readCoefficients(file, {builder.familyNames(architecture), builder.deviceNames(architecture)}, own, problems);
+    readCoefficients(file, {builder.familyNames(architecture), builder.deviceNames(architecture)}, own,
+                     problems);
     if (!file.isUser) checkComplete(file, own, problems);
   }
   builder.finish();
@@ -85,14 +87,24 @@ std::unique_ptr<ModelDataStore>& instance() {
 
 }  // namespace
 
-const ModelDataStore& ModelDataStore::current() { return *instance(); }
+const ModelDataStore& ModelDataStore::current() {
+  return *instance();
+}
 
-void ModelDataStore::reload() { instance() = load(); }
+void ModelDataStore::reload() {
+  instance() = load();
+}
 
-std::vector<std::string> modelDataErrors() { return ModelDataStore::current().errors; }
+std::vector<std::string> modelDataErrors() {
+  return ModelDataStore::current().errors;
+}
 
-std::vector<std::string> modelDataWarnings() { return ModelDataStore::current().warnings; }
+std::vector<std::string> modelDataWarnings() {
+  return ModelDataStore::current().warnings;
+}
 
-void reloadModelData() { ModelDataStore::reload(); }
+void reloadModelData() {
+  ModelDataStore::reload();
+}
 
 }  // namespace kvxm

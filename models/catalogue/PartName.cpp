@@ -6,22 +6,28 @@
 namespace kvxm {
 namespace {
 
-bool isCapital(char c) { return c >= 'A' && c <= 'Z'; }
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isCapital(char c) {
+  return c >= 'A' && c <= 'Z';
+}
+bool isDigit(char c) {
+  return c >= '0' && c <= '9';
+}
 
 std::size_t leadingCapitals(std::string_view text) {
   return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isCapital) - text.begin());
 }
 
-bool allDigits(std::string_view text) { return std::all_of(text.begin(), text.end(), isDigit); }
+bool allDigits(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), isDigit);
+}
 
 }  // namespace
 
 const std::vector<std::string_view>& speedCodes(Architecture architecture) {
   static const std::vector<std::string_view> tarvek{"1", "2", "3"};
   static const std::vector<std::string_view> morlan = [] {
-    static constexpr std::string_view codes[] = {"1",  "1L",  "1LV", "1M",   "1Q", "1LVI", "2",  "2L",  "2LV",
-                                                 "2M", "2Q", "2LVI", "3", "3L", "3LV",  "3M", "3Q", "3LVI"};
+    static constexpr std::string_view codes[] = {"1",  "1L", "1LV",  "1M", "1Q", "1LVI", "2",  "2L", "2LV",
+                                                 "2M", "2Q", "2LVI", "3",  "3L", "3LV",  "3M", "3Q", "3LVI"};
     return std::vector<std::string_view>(std::begin(codes), std::end(codes));
   }();
   return architecture == Architecture::Tarvek ? tarvek : morlan;

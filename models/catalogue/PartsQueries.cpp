@@ -12,7 +12,9 @@ std::string voltsText(float volts) {
   return std::string(buffer, end) + " V";
 }
 
-const DeviceCatalogue& catalogue() { return DeviceCatalogue::getGlobal(); }
+const DeviceCatalogue& catalogue() {
+  return DeviceCatalogue::getGlobal();
+}
 
 }  // namespace
 

@@ -12,24 +12,36 @@ namespace KVXMHelperUtils {
 
 namespace {
 
-bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-char toUpper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-char toLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+bool isBlank(char c) {
+  return c == ' ' || (c >= '\t' && c <= '\r');
+}
+bool isDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+bool isLetter(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+char toUpper(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+char toLower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
 std::string_view withoutLeadingBlanks(std::string_view text) {
   while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
   return text;
 }
 
-/// from_chars knows no plus sign; one in front of a number is dropped, one in front of a minus stays an error.
+/// from_chars knows no plus sign; one in front of a number is dropped, one in front of a minus stays an
+/// error.
 std::string_view withoutPlus(std::string_view text) {
   if (text.size() > 1 && text[0] == '+' && text[1] != '-') text.remove_prefix(1);
   return text;
 }
 
-/// The power of ten of the first digit other than 0, to tell an overflow from an underflow. `text` is a number.
+/// The power of ten of the first digit other than 0, to tell an overflow from an underflow. `text` is a
+/// number.
 long decimalMagnitude(std::string_view text) {
   long magnitude = 0;
   bool seenPoint = false, seenDigit = false;
@@ -46,8 +58,8 @@ long decimalMagnitude(std::string_view text) {
 
 struct FloatText {
   float value = 0.0f;
-  std::size_t length = 0;    ///< characters that belong to the number, 0 if the text begins with none
-  bool outOfRange = false;   ///< the value was saturated, or is 0 in place of something smaller than any float
+  std::size_t length = 0;   ///< characters that belong to the number, 0 if the text begins with none
+  bool outOfRange = false;  ///< the value was saturated, or is 0 in place of something smaller than any float
 };
 
 FloatText parseFloat(std::string_view text) {
@@ -76,8 +88,8 @@ std::string shortestText(Number value) {
   return {buffer, std::to_chars(std::begin(buffer), std::end(buffer), value, format).ptr};
 }
 
-/// Applies a rounding to whole numbers at the given decimal. The scaled value passes through float, which maps what
-/// prints as a half (or as a whole) to exactly that.
+/// Applies a rounding to whole numbers at the given decimal. The scaled value passes through float, which
+/// maps what prints as a half (or as a whole) to exactly that.
 template <class Rounding>
 float roundAt(float value, unsigned int digits, Rounding round) {
   constexpr unsigned int smallestFloatDecimals = 45;
@@ -85,7 +97,8 @@ float roundAt(float value, unsigned int digits, Rounding round) {
   const double scale = std::pow(10.0, digits);
   const double scaled = static_cast<double>(value) * scale;
   constexpr double wholeNumbersFrom = 1 << 23;  // floats this large have no fraction
-  const double rounded = std::abs(scaled) < wholeNumbersFrom ? round(static_cast<float>(scaled)) : round(scaled);
+  const double rounded =
+      std::abs(scaled) < wholeNumbersFrom ? round(static_cast<float>(scaled)) : round(scaled);
   const double result = rounded / scale;
   return std::abs(result) > std::numeric_limits<float>::max() ? value : static_cast<float>(result);
 }
@@ -101,14 +114,18 @@ std::string ToString(int value) {
   return {buffer, std::to_chars(std::begin(buffer), std::end(buffer), value).ptr};
 }
 
-std::string ToString(float value) { return shortestText(value); }
-std::string ToString(double value) { return shortestText(value); }
+std::string ToString(float value) {
+  return shortestText(value);
+}
+std::string ToString(double value) {
+  return shortestText(value);
+}
 
 std::string formatFixed(double value, unsigned int digits) {
   std::string text(std::numeric_limits<double>::max_exponent10 + 8 + digits, '\0');
   char* const begin = text.data();
-  const auto [end, error] = std::to_chars(begin, begin + text.size(), value, std::chars_format::fixed,
-                                          static_cast<int>(digits));
+  const auto [end, error] =
+      std::to_chars(begin, begin + text.size(), value, std::chars_format::fixed, static_cast<int>(digits));
   text.resize(error == std::errc() ? static_cast<std::size_t>(end - begin) : 0);
   return text;
 }
@@ -121,7 +138,9 @@ int s2i(std::string_view text) {
   return text.front() == '-' ? std::numeric_limits<int>::min() : std::numeric_limits<int>::max();
 }
 
-float s2f(std::string_view text) { return parseFloat(withoutPlus(withoutLeadingBlanks(text))).value; }
+float s2f(std::string_view text) {
+  return parseFloat(withoutPlus(withoutLeadingBlanks(text))).value;
+}
 
 int s2iStrict(std::string_view text) {
   const std::string_view number = withoutPlus(text);
@@ -191,14 +210,18 @@ void convertToCamelString(std::string& text) {
   text = std::move(shown);
 }
 
-void removeWhiteSpaces(std::string& text) { std::erase_if(text, isBlank); }
+void removeWhiteSpaces(std::string& text) {
+  std::erase_if(text, isBlank);
+}
 
 void trim(std::string& text) {
   rtrim(text);
   ltrim(text);
 }
 
-void ltrim(std::string& text) { text.erase(text.begin(), std::find_if_not(text.begin(), text.end(), isBlank)); }
+void ltrim(std::string& text) {
+  text.erase(text.begin(), std::find_if_not(text.begin(), text.end(), isBlank));
+}
 
 void rtrim(std::string& text) {
   text.erase(std::find_if_not(text.rbegin(), text.rend(), isBlank).base(), text.end());

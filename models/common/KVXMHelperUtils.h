@@ -16,14 +16,15 @@ std::string ToString(int value);
 std::string ToString(float value);
 std::string ToString(double value);
 
-/// The number with exactly `digits` decimals, as "%.3f" writes it in the "C" locale: formatFixed(1.5, 3) is "1.500".
+/// The number with exactly `digits` decimals, as "%.3f" writes it in the "C" locale: formatFixed(1.5, 3) is
+/// "1.500".
 std::string formatFixed(double value, unsigned int digits);
 
-/// The longest leading number of a text after leading blanks, 0 if there is none. What is too large for the type
-/// gives its largest (or smallest) value.
+/// The longest leading number of a text after leading blanks, 0 if there is none. What is too large for the
+/// type gives its largest (or smallest) value.
 int s2i(std::string_view text);
-/// As s2i, for decimal fractions with or without exponent. "inf" and "nan" count as numbers when they stand as
-/// words of their own, so that whatever ToString wrote reads back.
+/// As s2i, for decimal fractions with or without exponent. "inf" and "nan" count as numbers when they stand
+/// as words of their own, so that whatever ToString wrote reads back.
 float s2f(std::string_view text);
 
 /// The number that is the whole text, without any blanks around it.
@@ -60,8 +61,8 @@ void rtrim(std::string& text);
 /// The first run of digits in a text: "BMEM36SDP" gives "36"; empty if there is none.
 std::string getFirstNumericSubStr(std::string_view text);
 
-/// Opens a file for as long as the object lives. A file that cannot be opened leaves the stream in a failed state,
-/// which the caller tests; so does a path with an embedded NUL, which would name another file.
+/// Opens a file for as long as the object lives. A file that cannot be opened leaves the stream in a failed
+/// state, which the caller tests; so does a path with an embedded NUL, which would name another file.
 class FileOpener {
  public:
   FileOpener(const std::string& path, std::ios_base::openmode mode);

@@ -22,8 +22,8 @@
 ///         KVXM_INT(1, COUNT, 0, Input, "", "Blocks used")
 ///         KVXM_FLOAT(13, VCCINT_POWER, 0.0f, Output, "W", "Power drawn from VCCINT")
 ///
-///     A key is unique within its kind (int, float, string) and is never given to another slot later, since callers
-///     use the number. Keys may be sparse, up to kvxm::largestSlotKey. A name is unique in the block.
+///     A key is unique within its kind (int, float, string) and is never given to another slot later, since
+///     callers use the number. Keys may be sparse, up to kvxm::largestSlotKey. A name is unique in the block.
 ///
 ///  2. models/tarvek/KVXMTarvekFoo.h, which makes KVXMTarvekFooParams and KVXMTarvekFooModel of the list:
 ///
@@ -34,10 +34,11 @@
 ///         #include "models/common/DeclareBlock.inc"
 ///
 ///  3. models/tarvek/KVXMTarvekFoo.cpp with the body of
-///     `void KVXMTarvekFooModel::calculate(KVXMTarvekFooParams& params) const`, which picks inputs, coefficients
-///     (Characterisation.h) and effects (Effects.h).
+///     `void KVXMTarvekFooModel::calculate(KVXMTarvekFooParams& params) const`, which picks inputs,
+///     coefficients (Characterisation.h) and effects (Effects.h).
 ///
-///  4. The source in models/tarvek/CMakeLists.txt, the block in BlockRegistry.cpp, and its slots in the test's list of
+///  4. The source in models/tarvek/CMakeLists.txt, the block in BlockRegistry.cpp, and its slots in the
+///  test's list of
 ///     keys (tests/models/param_keys.golden; the failing test prints the lines to add).
 ///
 /// Making a record allocates nothing as long as no default text is longer than std::string keeps in place.
@@ -80,7 +81,8 @@ class Record {
 /// @throws std::out_of_range naming block, kind and name.
 [[noreturn]] void throwUnknownName(std::string_view block, SlotGroup group, std::string_view name);
 
-/// What follows from a slot list at compile time: how many slots of a group there are and where a key is stored.
+/// What follows from a slot list at compile time: how many slots of a group there are and where a key is
+/// stored.
 template <class Block, SlotGroup group>
 struct SlotLayout {
   static constexpr std::size_t count = [] {
@@ -115,7 +117,7 @@ struct SlotLayout {
     return index < positions.size() ? positions[index] : absent;
   }
 
-  static constexpr auto defaults(auto Slot::* value) {
+  static constexpr auto defaults(auto Slot::*value) {
     std::array<std::remove_cvref_t<decltype(std::declval<Slot>().*value)>, count> all{};
     std::size_t next = 0;
     for (const Slot& slot : Block::slots) {
@@ -155,8 +157,9 @@ constexpr bool slotsAreSound() {
   return true;
 }
 
-/// One calculation's inputs and outputs: a value type, addressed by the enumerators of its block. An enumerator's
-/// value is the slot's numeric key, so that `params[static_cast<FloatEnum>(1065)]` names a slot as well.
+/// One calculation's inputs and outputs: a value type, addressed by the enumerators of its block. An
+/// enumerator's value is the slot's numeric key, so that `params[static_cast<FloatEnum>(1065)]` names a slot
+/// as well.
 template <class Block>
 class ParamsRecord : public Record {
  public:
@@ -187,7 +190,9 @@ class ParamsRecord : public Record {
   /// @throws std::out_of_range if the block has no slot of that kind and name.
   static IntEnum string_to_int_enum(std::string_view name) { return enumerator<IntEnum, Ints>(name); }
   static FloatEnum string_to_float_enum(std::string_view name) { return enumerator<FloatEnum, Floats>(name); }
-  static StringEnum string_to_string_enum(std::string_view name) { return enumerator<StringEnum, Strings>(name); }
+  static StringEnum string_to_string_enum(std::string_view name) {
+    return enumerator<StringEnum, Strings>(name);
+  }
 
   /// Replaces the contents of `names` by the names of the input slots, in the order of the list.
   static void getIntUserInputNames(std::vector<std::string>& names) { Ints::inputNames(names); }

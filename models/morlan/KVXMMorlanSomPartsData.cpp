@@ -8,7 +8,9 @@ namespace {
 
 using kvxm::SomModule;
 
-const kvxm::DeviceCatalogue& catalogue() { return kvxm::DeviceCatalogue::getGlobal(); }
+const kvxm::DeviceCatalogue& catalogue() {
+  return kvxm::DeviceCatalogue::getGlobal();
+}
 
 std::string baseDevice(const SomModule& module) {
   const kvxm::Device* device = catalogue().findDevice(module.basePart);

@@ -13,8 +13,8 @@ class KVXMMorlanSomPartsData {
   /// exists, {"DEVICE_TO_FAMILY_MAP"} the module kinds.
   std::vector<std::string> getCfgKeys(const std::vector<std::string>& path, bool sorted) const;
   /// One field of a module, found by key or implementation tool's name: FAMILY_NAME, BOARD_NAME, DEVICE_NAME,
-  /// TALMOR_DEV_NAME, GRADE ("Industrial"), TEMP_GRADE ("I"), BASE_FAMILY_NAME, BASE_DEVICE_NAME, BASE_PART_NAME,
-  /// STATUS. Empty for an unknown module or field.
+  /// TALMOR_DEV_NAME, GRADE ("Industrial"), TEMP_GRADE ("I"), BASE_FAMILY_NAME, BASE_DEVICE_NAME,
+  /// BASE_PART_NAME, STATUS. Empty for an unknown module or field.
   std::string getDeviceData(const std::string& key, const std::string& field) const;
   /// Key of the family's default module.
   std::string getDeviceDefaults(const std::string& family) const;

@@ -1,0 +1,232 @@
+#include "engine/base/tabs/KVXEClockTab.h"
+
+#include <cmath>
+
+#include "engine/base/tabs/KVXELogicTab.h"
+#include "engine/base/tabs/KVXERowReading.h"
+#include "engine/base/workbook/KVXERow.h"
+
+using enum KVXEEnums::CellType;
+using KVXEEnums::GridComponentType;
+using KVXEEnums::TabType;
+using KVXEEnums::Unit;
+using KVXEEnums::Visibility;
+
+// Tables.
+
+void KVXEClockTab::initClockConfigTable(const ClockFormulas& formulas) {
+  static const char* const sources[] = {m_ExternalStr.c_str(), m_InternalStr.c_str()};
+  const KVXEColumn columns[] = {
+      {.title = &m_Name,
+       .type = STRING,
+       .isEditable = true,
+       .formula = formulas.name,
+       .toolTip = "<html>The name of this clock.\nProviding a name is mandatory, as other tabs refer to the clock by "
+                  "its name and frequency.</html>"},
+      {.title = &m_Source,
+       .type = STRING,
+       .isEditable = true,
+       .isDropdown = true,
+       .entries = sources,
+       .toolTip = "<html>Select the source of the clock:\nUse External for IO driven clocks.\nUser Internal for clocks "
+                  "driven by some instance.\nIn case of a Clock Manager output clock, the field will be auto "
+                  "populated.</html>"},
+      {.title = &m_ClockFreq,
+       .type = FLOAT,
+       .isEditable = true,
+       .formula = &clockFreqChanged,
+       .unit = Unit::FREQUENCY_HIDE,
+       .minimum = 0,
+       .toolTip = "<html>The frequency of this clock (MHz).</html>"},
+      {.title = &m_Fanout,
+       .type = INT,
+       .isEditable = true,
+       .minimum = 0,
+       .toolTip = "<html>The number of loads that this clock drives: registers, memories, DSPs and IOs.\nA clock "
+                  "without loads has no power.</html>"},
+      {.title = &m_FanoutPerSite,
+       .type = FLOAT,
+       .isEditable = true,
+       .formula = formulas.fanoutPerSite,
+       .number = DefaultFanoutPerSite,
+       .minimum = 0,
+       .toolTip = "<html>The average number of registers of this clock that share a site.\nThe fuller the device, the "
+                  "more share one; a value entered here stands.</html>"},
+      {.title = &m_ClkBufEnable,
+       .type = FLOAT,
+       .isEditable = true,
+       .unit = Unit::PERCENTAGE_SHOW,
+       .number = 1.0,
+       .minimum = 0,
+       .maximum = 1,
+       .toolTip = "<html>The percentage of the time that the buffer which drives this clock is enabled.</html>"},
+      {.title = &m_SliceClkEnable,
+       .type = FLOAT,
+       .isEditable = true,
+       .unit = Unit::PERCENTAGE_SHOW,
+       .number = 0.5,
+       .minimum = 0,
+       .maximum = 1,
+       .toolTip = "<html>The average percentage of the time that the clock is enabled at the slices:\n"
+                  "100% - (%_FFs_with_CE * %disabled), where %_FFs_with_CE is the percentage of flip-flops that have "
+                  "a clock enable\nand %disabled the percentage of the time that it is off.</html>"},
+      {.title = &m_VccintPwr,
+       .type = FLOAT,
+       .formula = formulas.power,
+       .unit = Unit::POWER_SHOW,
+       .toolTip = "Power that this clock draws from the core supply.",
+       .visibility = Visibility::INTERNAL},
+      {.title = &m_VccramPwr,
+       .type = FLOAT,
+       .formula = formulas.power,
+       .unit = Unit::POWER_SHOW,
+       .toolTip = "Power that this clock draws from the supply of the memories.",
+       .visibility = Visibility::INTERNAL},
+      {.title = &m_Power,
+       .type = FLOAT,
+       .formula = formulas.power,
+       .unit = Unit::POWER_SHOW,
+       .toolTip = "<html>The power of distributing this clock to its loads.</html>"},
+      {.title = &m_UserComments, .type = STRING, .isEditable = true, .toolTip = "Any text of your own."},
+      {.title = &m_ClockMgr,
+       .type = STRING,
+       .toolTip = "The clock managers that this clock is connected to.",
+       .visibility = Visibility::INTERNAL},
+      {.title = &m_ClockTag,
+       .type = STRING,
+       .formula = &updateClockTagRow,
+       .toolTip = "The text by which other tabs refer to this clock.",
+       .visibility = Visibility::INTERNAL},
+  };
+  KVXETable* table = createTable(&m_ClockConfigTable, true, false, true, GridComponentType::TABLE);
+  table->addColumns(columns);
+  table->setTabWidgetTitle("Clock");
+  table->setPilotColumnTitle(&m_Name);
+  table->setHasTableEditingFeatures(true);
+  table->getOrCreateRow(RowCount);
+}
+
+void KVXEClockTab::initClockTagTable() {
+  static const KVXEColumn columns[] = {
+      {.title = &m_TagCount, .type = INT, .formula = &updateClockTagList, .toolTip = "Clocks that can be referred to."},
+      {.title = &m_ClockColumnCount,
+       .type = INT,
+       .formula = &updateClockDropdownLists,
+       .toolTip = "Columns of this book that offer the clocks."},
+  };
+  KVXETable* table = createTable(&m_ClockTagTable, false, false, true, GridComponentType::TABLE);
+  table->addColumns(columns);
+  table->setVisibility(Visibility::ALWAYS_HIDDEN);
+  table->getOrCreateRow(1);
+}
+
+// What a row hands to the models.
+
+std::optional<KVXEClockTab::ClockRow> KVXEClockTab::readClockRow(const KVXEUID& uid) {
+  KVXERow* row = uid.getRow();
+  ClockRow clock;
+  if (!row->getCell(&m_ClockFreq)->getVal(clock.megahertz, true)) return std::nullopt;
+  if (!row->getCell(&m_Fanout)->getVal(clock.fanout, true) || clock.fanout <= 0) return std::nullopt;
+  const std::optional<float> volts = kvxe::readVoltage(uid, "VCCINT");
+  if (!volts) return std::nullopt;
+  clock.volts = *volts;
+  row->getCell(&m_ClockTag)->getVal(clock.tag, true);
+  clock.fanoutPerSite = kvxe::readNumber(row, m_FanoutPerSite, clock.fanoutPerSite);
+  clock.bufferEnable = kvxe::readNumber(row, m_ClkBufEnable, clock.bufferEnable);
+  clock.sliceEnable = kvxe::readNumber(row, m_SliceClkEnable, clock.sliceEnable);
+  return clock;
+}
+
+namespace {
+
+/// Clock regions of the device; 0 when its catalogue does not tell.
+int availableRegions() {
+  const auto count = [](const char* resource) { return kvxe::availableCount(resource).value_or(0); };
+  const int regions = count("FSR");
+  return regions > 0 ? regions : count("CLKROWS") * count("CLKCOLS");
+}
+
+}  // namespace
+
+/// The regions that a design occupies are the share of the device that its logic fills, rounded up: placement
+/// keeps a design together, and a region is clocked or not.
+KVXEClockTab::DesignUse KVXEClockTab::readDesignUse(const KVXEUID& uid) {
+  const auto used = [&](TabType tab, const std::string& type) {
+    return static_cast<int>(std::min(kvxe::readUsedCount(uid, tab, type), 1e9f));
+  };
+  const auto share = [&](const std::string& type) { return kvxe::readUtilization(uid, TabType::LOGIC, type); };
+  const float filled = std::max(share(KVXELogicTab::m_RegistersStr), share(KVXELogicTab::m_LutsStr));
+  const float regions = static_cast<float>(availableRegions());
+  return {.regions = static_cast<int>(std::ceil(std::min(filled, 1.0f) * regions)),
+          .registers = used(TabType::LOGIC, KVXELogicTab::m_RegistersStr),
+          .blockRams = used(TabType::BRAM, "BRAM"),
+          .wideRams = used(TabType::WRAM, "WRAM"),
+          .dsps = used(TabType::DSP, "DSP"),
+          .ios = used(TabType::IO, "IO")};
+}
+
+// Power by rail.
+
+namespace {
+
+/// Writes the sum of one column over the tables of clocks and of clock managers; a table that the tab does not
+/// have, or that has no such column, adds nothing.
+void writeSumOfTables(const KVXEUID& uid, const KVXETitle& column) {
+  if (!kvxe::isInTable(uid, KVXETab::m_PowerTable, "power of the clock tab")) return;
+  float watts = 0.0f;
+  for (const KVXETitle* title : {&KVXEClockTab::m_ClockConfigTable, &KVXEClockTab::m_ClkMgrTable}) {
+    const KVXETable* table = uid.getTab()->getTable(title);
+    if (table && table->findTitle(&column) < table->getColumnCount()) watts += uid.getTab()->sumColumn(title, &column);
+  }
+  uid.getCell()->setValAndMarkEngineClean(watts);
+}
+
+}  // namespace
+
+void KVXEClockTab::updateVccintActivePowerInPowerTable(const KVXEUID& uid) {
+  writeSumOfTables(uid, m_VccintPwr);
+}
+void KVXEClockTab::updateVccramActivePowerInPowerTable(const KVXEUID& uid) {
+  writeSumOfTables(uid, m_VccramPwr);
+}
+void KVXEClockTab::updateVccintioActivePowerInPowerTable(const KVXEUID& uid) {
+  writeSumOfTables(uid, m_VccioPwr);
+}
+void KVXEClockTab::updateVccauxActivePowerInPowerTable(const KVXEUID& uid) {
+  writeSumOfTables(uid, m_VccauxPwr);
+}
+
+// Utilization.
+
+kvxe::UtilizationRow KVXEClockTab::clockUtilizationRow() {
+  return {.type = m_ClockStr,
+          .resource = "",
+          .sumPower = [](const KVXEUID& uid) {
+            return std::optional(uid.getTab()->sumColumn(&m_ClockConfigTable, &m_Power));
+          },
+          .overflow = ""};
+}
+
+std::string KVXEClockTab::managerOverflowText(const std::string& type) {
+  return "<html>" + type + " utilization exceeds 100%.\nPlease review the usage in Clock Managers table.</html>";
+}
+
+float KVXEClockTab::getClkMgrPower(const KVXEUID& uid, const std::string& type) {
+  std::vector<KVXECell*> cells;
+  if (!uid.getTab()->getTable(&m_ClkMgrTable)) return 0.0f;
+  uid.getTab()->lookup<std::string>(&m_ClkMgrTable, type, &m_ClkMgrType, &m_Power, cells, false);
+  double watts = 0.0;
+  for (KVXECell* cell : cells)
+    if (float value = 0.0f; cell->getVal(value, true)) watts += value;
+  return static_cast<float>(watts);
+}
+
+int KVXEClockTab::getNumClkMgrsUsed(const KVXEUID& uid, const std::string& type) {
+  std::vector<KVXECell*> names;
+  if (!uid.getTab()->getTable(&m_ClkMgrTable)) return 0;
+  uid.getTab()->lookup<std::string>(&m_ClkMgrTable, type, &m_ClkMgrType, &m_Name, names, false);
+  return static_cast<int>(std::count_if(names.begin(), names.end(), [](KVXECell* cell) {
+    std::string name;
+    return cell->getVal(name, true);
+  }));
+}

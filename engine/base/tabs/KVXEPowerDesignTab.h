@@ -1,0 +1,187 @@
+#pragma once
+
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "engine/base/tabs/KVXEPowerDesignCategories.h"
+#include "engine/base/tabs/KVXERailPowerIndex.h"
+#include "engine/base/workbook/KVXECell.h"
+#include "engine/base/workbook/KVXETab.h"
+
+class KVXERow;
+
+namespace kvxm {
+class Record;
+class StaticQueries;
+struct Device;
+struct Supply;
+struct VoltageRange;
+enum class Architecture;
+}  // namespace kvxm
+
+/// The device's electrical view: the part, its supply rails with voltages and currents, and the junction temperature
+/// at which static and dynamic power settle. The rails and their limits are the catalogue's, the powers the static
+/// model's; this class holds neither. The concrete tabs say which part settings and which model belong to their
+/// architecture.
+///
+/// The readers take the UID of any cell of the book and answer with a default when the book has no power design or
+/// no summary tab. They evaluate what they read, so a formula that calls them learns its dependencies.
+class KVXEPowerDesignTab : public KVXETab {
+ public:
+  static const KVXETitle m_powerSummaryTable;
+  static const KVXETitle m_debugJunctionTempTable, m_debugTempOptionColumn, m_debugTempValueColumn;
+
+  // Rows of the power summary and of the junction temperature table.
+  static const std::string m_totalPowerCol, m_staticPowerCol, m_dynamicPowerCol;
+  static const std::string m_initialTempStr, m_tempAt25Str, m_nonIntLeakageStr, m_calcJunctionTempStr,
+      m_maxAmbientTempStr;
+
+  /// How the junction temperature was found.
+  enum class JunctionStatus {
+    Valid,       ///< it is the temperature at which the device settles, or the user's
+    NoSolution,  ///< leakage heats faster than the path cools; given as the absolute maximum
+    OutOfRange,  ///< above the absolute maximum; given as that when it was calculated
+  };
+  /// Degrees C beyond which estimates are no longer valid.
+  static constexpr float AbsoluteMaxJunctionTemp = 125.0f;
+  /// What the junction temperature cell says while the status is not valid.
+  static const std::string m_invalidJunctionMsg;
+
+  using KVXETab::KVXETab;
+  std::string className() const override { return "KVXEPowerDesignTab"; }
+  std::string getPBTitle() const override { return "Power Design"; }
+  std::string getPBSuffix() override { return {}; }
+  std::string getPlaceholderText() const override { return {}; }
+  void init() override;
+
+  // The part, from the device table. The temperature grade is the short letter.
+  static std::string getDevice(const KVXEUID& uid);
+  static std::string getPkg(const KVXEUID& uid);
+  static std::string getFamily(const KVXEUID& uid);
+  static std::string getProcess(const KVXEUID& uid);
+  static std::string getTempGrade(const KVXEUID& uid);
+  static std::string getSpeedGrade(const KVXEUID& uid);
+
+  /// The voltage of a rail by its internal name; 0 for a rail that the device lacks.
+  static float getVoltage(const KVXEUID& uid, const std::string& rail);
+
+  // Thermal environment, in degrees C and C/W, from the summary tab.
+  static bool isJunctionTempOverrideOn(const KVXEUID& uid);
+  static float getThetaJA(const KVXEUID& uid);
+  static float getAmbientTemp(const KVXEUID& uid);
+  static float getMaxJunctionTemp(const KVXEUID& uid);
+  static float getUserJunctionTemp(const KVXEUID& uid);
+  /// Whether the part may exceed its maximum junction temperature up to 110 C for a share of its life.
+  static bool isExcursionTempSupported(const KVXEUID& uid);
+  static float getMaxJunctionToExcursionTemp(const KVXEUID& uid);
+
+  // Results, from the junction temperature table: the temperature in force, which is the user's while the override
+  // is on, else where the device settles, at most AbsoluteMaxJunctionTemp.
+  static float getCalculatedJunctionTemp(const KVXEUID& uid);
+  static float getInitialJunctionTemp(const KVXEUID& uid);
+  static float getJunctionTempAt25(const KVXEUID& uid);
+  static float getNonIntLeakage(const KVXEUID& uid);
+  static JunctionStatus getJunctionStatus(const KVXEUID& uid);
+
+  // On-chip power in watts, without HBM.
+  static float getOnChipStaticPower(const KVXEUID& uid);
+  static float getOnChipDynamicPower(const KVXEUID& uid);
+  static float getOnChipPower(const KVXEUID& uid);
+  /// Static power of the HBM dies in watts at the junction temperature in force.
+  static float getHbmStaticPower(const KVXEUID& uid);
+
+  // Input of the static model of the architecture (KVXMTarvekStaticParams, KVXMMorlanStaticParams).
+  /// All of it: voltages, device, block use, thermal environment.
+  static void getStaticParams(const KVXEUID& uid, kvxm::Record& params);
+  static void updateVoltageParams(const KVXEUID& uid, kvxm::Record& params);
+  static void updateDeviceParams(const KVXEUID& uid, kvxm::Record& params);
+  static void updateBlockParams(const KVXEUID& uid, kvxm::Record& params);
+  static void updateThermalParams(const KVXEUID& uid, kvxm::Record& params);
+
+  // What a rail supplies, by its internal name.
+  static bool isVcuVoltage(const std::string& rail);
+  static bool isXcvrAVoltage(const std::string& rail);
+  static bool isXcvrBVoltage(const std::string& rail);
+  static bool isXcvrCVoltage(const std::string& rail);
+  static bool isXcvrDVoltage(const std::string& rail);
+  static bool isPSIoVoltage(const std::string& rail);
+  static bool isPsVoltage(const std::string& rail);
+  static bool isPsBlockVoltage(const std::string& rail);
+  static bool isPswVoltage(const std::string& rail);
+  static bool isHbmVoltage(const std::string& rail);
+  static bool isHic5Voltage(const std::string& rail);
+  static bool isHic5nVoltage(const std::string& rail);
+  static bool isNicbVoltage(const std::string& rail);
+  static bool isIoVccoVoltage(const std::string& rail);
+  static bool isArkeonNetVcco(const std::string& rail);
+
+  // Formulas.
+  static void updateDeviceTable(const KVXEUID& uid);
+  static void updatePowerSummaryTable(const KVXEUID& uid);
+  static void updatePowerSupplyTable(const KVXEUID& uid);
+  static void updateVoltage(const KVXEUID& uid);
+  static void updateStepLoad(const KVXEUID& uid);
+  static void updateStaticCurrentPowerSupplyTable(const KVXEUID& uid);
+  static void updateDynamicCurrentPowerSupplyTable(const KVXEUID& uid);
+  static void updateTotalCurrentPowerSupplyTable(const KVXEUID& uid);
+  static void updatePowerupCurrentPowerSupplyTable(const KVXEUID& uid);
+  static void updateDebugJunctionTempTable(const KVXEUID& uid);
+
+ protected:
+  /// A row of the device table: its text, and the part setting that it shows.
+  struct DeviceRow {
+    std::string option;
+    std::string setting;
+  };
+  /// A rail of the supply table, whether or not the present device has it.
+  struct RailRow {
+    std::string rail;
+    KVXERow* row = nullptr;
+  };
+
+  // What the architectures differ in.
+  virtual std::vector<DeviceRow> deviceRows() const = 0;
+  virtual kvxm::Architecture architecture() const = 0;
+  virtual const kvxm::StaticQueries& staticData() const = 0;
+  virtual std::unique_ptr<kvxm::Record> makeStaticParams() const = 0;
+  virtual void calculateStatic(kvxm::Record& params) const = 0;
+  /// The code by which supply limits differ between parts: the voltage grade, or the speed field.
+  virtual std::string supplyGrade(const KVXEUID& uid) const = 0;
+  /// What a row of the device table shows; the present setting of that name.
+  virtual std::string partSetting(const DeviceRow& row) const;
+  virtual void fillBlockParams(const KVXEUID& uid, kvxm::Record& params) const;
+  /// Watts that heat the die besides leakage; must not depend on temperature or static power.
+  virtual float onChipDynamicPower(const KVXEUID& uid) const;
+  /// Checks of a voltage behind the range check that only this architecture has.
+  virtual void checkVoltage(const KVXEUID& uid, const std::string& rail, float volts) const;
+
+  void initDeviceTable();
+  void initPowerSummaryTable();
+  void initPowerSupplyTable();
+  void initDebugJunctionTempTable();
+
+  /// The power design tab of the cell's book; null when there is none.
+  static KVXEPowerDesignTab* tabOf(const KVXEUID& uid);
+  /// The selection of a row of the device table.
+  static std::string deviceSetting(const KVXEUID& uid, const std::string& option);
+  /// The present device in the catalogue; null for an unknown one.
+  static const kvxm::Device* deviceOf(const KVXEUID& uid);
+  /// The limits of a rail for the present part; null when the device lacks it.
+  static const kvxm::VoltageRange* voltageRange(const KVXEUID& uid, const std::string& rail);
+
+ private:
+  struct StaticRun;
+  void createVoltageRow(const kvxe::RailCategory& category);
+  static float staticCurrent(const KVXEUID& uid, const std::string& rail, float celsius);
+  static float debugValue(const KVXEUID& uid, const std::string& row);
+
+  std::vector<RailRow> m_railRows;
+  std::unordered_map<std::string, size_t> m_railIndex;  ///< rail to its place in m_railRows
+  std::unordered_map<std::string, KVXECell*> m_deviceSettings;  ///< option to its selection cell
+  kvxe::RailPowerIndex m_railPower;
+  JunctionStatus m_junctionStatus = JunctionStatus::Valid;  ///< written with the temperature, read behind it
+};

@@ -1,0 +1,73 @@
+#include "engine/base/tabs/KVXERowReading.h"
+
+#include <iostream>
+
+#include "engine/base/config/ClockTag.h"
+#include "engine/base/workbook/KVXEBook.h"
+#include "engine/base/workbook/KVXERow.h"
+#include "engine/base/workbook/KVXETab.h"
+#include "engine/base/workbook/KVXETemplateCell.h"
+
+namespace kvxe {
+
+bool isInTable(const KVXEUID& uid, const KVXETitle& table, const char* updated) {
+  if (uid.getTable() && uid.getTable()->getTableTitle() == &table) return true;
+  std::cout << "Error: error occured in updating " << updated << ": the formula stands in another table than "
+            << table.getDisplayTag(false) << '\n';
+  return false;
+}
+
+float readNumber(KVXERow* row, const KVXETitle& column, float ifBlank) {
+  KVXECell* cell = row->getCell(&column);
+  float value = 0.0f;
+  return cell && cell->getVal(value, true) ? value : ifBlank;
+}
+
+std::optional<float> readClockFrequency(KVXERow* row, const KVXETitle& column) {
+  KVXECell* cell = row->getCell(&column);
+  if (!cell || cell->getCellType() != KVXEEnums::CellType::STRING) return std::nullopt;
+  const std::optional<ClockTag> tag = ClockTag::parse(static_cast<KVXEStringCell*>(cell)->readVal(true));
+  if (!tag) return std::nullopt;
+  return tag->megahertz;
+}
+
+std::optional<float> readVoltage(const KVXEUID& uid, const std::string& rail) {
+  KVXECell* cell = uid.getTab()->lookup<std::string>(&KVXETab::m_PowerTable, rail, &KVXETab::m_InternalRailColumn,
+                                                     &KVXETab::m_VoltageColumn, false);
+  float volts = 0.0f;
+  if (!cell || !cell->getVal(volts, true)) return std::nullopt;
+  return volts;
+}
+
+namespace {
+
+float readUtilizationTable(const KVXEUID& uid, KVXEEnums::TabType tab, const std::string& type,
+                           const KVXETitle& column) {
+  if (!uid.getBook()->getTable(tab, &KVXETab::m_UtilTable)) return 0.0f;
+  KVXECell* cell =
+      uid.getBook()->lookup<std::string>(tab, &KVXETab::m_UtilTable, type, &KVXETab::m_TypeColumn, &column, false);
+  float value = 0.0f;
+  return cell && cell->getVal(value, true) ? value : 0.0f;
+}
+
+}  // namespace
+
+float readUsedCount(const KVXEUID& uid, KVXEEnums::TabType tab, const std::string& type) {
+  return readUtilizationTable(uid, tab, type, KVXETab::m_UsedColumn);
+}
+
+float readUtilization(const KVXEUID& uid, KVXEEnums::TabType tab, const std::string& type) {
+  return readUtilizationTable(uid, tab, type, KVXETab::m_UtilColumn);
+}
+
+void writeResult(KVXERow* row, const KVXETitle& column, std::optional<float> value) {
+  KVXECell* cell = row->getCell(&column);
+  if (value) return cell->setValAndMarkEngineClean(*value);
+  cell->setBlankAndMarkEngineClean();
+}
+
+void blankResults(KVXERow* row, std::span<const KVXETitle* const> columns) {
+  for (const KVXETitle* column : columns) row->getCell(column)->setBlankAndMarkEngineClean();
+}
+
+}  // namespace kvxe

@@ -1,0 +1,61 @@
+#include "engine/base/tabs/KVXEUtilization.h"
+
+#if __has_include("engine/base/selection/KVXEPartSelection.h")
+#include "engine/base/selection/KVXEPartSelection.h"
+#else
+struct KVXEPartSelection { static KVXEPartSelection* getGlobal() { return nullptr; } int getAvailResources(const std::string&) const { return 0; } };
+#endif
+#include "engine/base/tabs/KVXERowReading.h"
+#include "engine/base/workbook/KVXEHeaderRow.h"
+
+namespace kvxe {
+
+namespace {
+
+std::optional<float> readCount(const KVXEUID& uid, const KVXETitle& column) {
+  float count = 0.0f;
+  if (!uid.getRow()->getCell(&column)->getVal(count, true)) return std::nullopt;
+  return count;
+}
+
+/// The used share of what there is; the warning stands on the cell that shows it.
+void updateShare(const KVXEUID& uid, const UtilizationRow& row) {
+  KVXECell* cell = uid.getCell();
+  const std::optional<float> used = readCount(uid, KVXETab::m_UsedColumn);
+  const std::optional<float> available = readCount(uid, KVXETab::m_AvailColumn);
+  const bool isKnown = used && available;
+  if (isKnown && *used > *available) {
+    cell->setMsg(KvxSeverity::WARNING, row.overflow);
+  } else {
+    cell->clearMsg();
+  }
+  if (isKnown && *available > 0.0f) return cell->setValAndMarkEngineClean(*used / *available);
+  cell->setBlankAndMarkEngineClean();
+}
+
+}  // namespace
+
+std::vector<KVXETab::UtilizationTableRow> toTableRows(std::span<const UtilizationRow> rows, KVXEFormula formula) {
+  std::vector<KVXETab::UtilizationTableRow> tableRows;
+  for (const UtilizationRow& row : rows) tableRows.push_back({row.type, formula});
+  return tableRows;
+}
+
+std::optional<int> availableCount(const std::string& resource) {
+  const auto* selection = KVXEPartSelection::getGlobal();
+  if (!selection || resource.empty()) return std::nullopt;
+  return selection->getAvailResources(resource);
+}
+
+void updateUtilizationCell(const KVXEUID& uid, const UtilizationRow& row) {
+  const KVXETitle* column = uid.getTable()->getHeaderRow()->getIndexToTitle(uid.getColumnIndex());
+  if (column == &KVXETab::m_UtilColumn) return updateShare(uid, row);
+  std::optional<float> value;
+  if (column == &KVXETab::m_AvailColumn) value = availableCount(row.resource);
+  if (column == &KVXETab::m_UsedColumn && row.countUsed) value = row.countUsed(uid);
+  if (column == &KVXETab::m_BlockPowerColumn && row.sumPower) value = row.sumPower(uid);
+  if (value) return uid.getCell()->setValAndMarkEngineClean(*value);
+  uid.getCell()->setBlankAndMarkEngineClean();
+}
+
+}  // namespace kvxe
