@@ -24,6 +24,29 @@ const std::vector<std::string_view>& coefficientKeys() {
   return keys;
 }
 
+constexpr std::string_view expectedLines =
+    "expected lines \"key = number\" and sections [family.\"NAME\"] or [device.NAME]";
+
+/// The first line with a section header that has no name, or 0. The parser does not report these but takes
+/// them for a fault of its own.
+int lineOfNamelessSection(std::string_view text) {
+  constexpr std::string_view blanks = " \t";
+  for (int number = 1; !text.empty(); ++number) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    std::string_view line = text.substr(0, end);
+    text.remove_prefix(std::min(end + 1, text.size()));
+    line.remove_prefix(std::min(line.find_first_not_of(blanks), line.size()));
+    if (!line.starts_with('[')) continue;
+    line.remove_prefix(line.starts_with("[[") ? 2 : 1);
+    line.remove_prefix(std::min(line.find_first_not_of(blanks), line.size()));
+    const char first = line.empty() ? ' ' : line.front();
+    const bool startsName = (first >= '0' && first <= '9') || (first >= 'A' && first <= 'Z') ||
+                            (first >= 'a' && first <= 'z') || first == '_' || first == '-';
+    if (!startsName && first != '"' && first != '\'' && first != ']') return number;
+  }
+  return 0;
+}
+
 /// One file on its way into the sets.
 class Reader {
  public:
@@ -113,11 +136,14 @@ Characterisation CoefficientSets::setFor(std::string_view family, std::string_vi
 
 void readCoefficients(const DataFile& file, const SectionNames& names, CoefficientSets& sets,
                       Problems& problems) {
+  if (const int line = lineOfNamelessSection(file.text)) {
+    return problems.error(file, line, {}, "section without a name", expectedLines);
+  }
   try {
     Reader(file, names, sets, problems).readTop(toml::parse(file.text, file.path));
   } catch (const toml::parse_error& failure) {
     problems.error(file, static_cast<int>(failure.source().begin.line), {}, failure.description(),
-                   "expected lines \"key = number\" and sections [family.\"NAME\"] or [device.NAME]");
+                   expectedLines);
   }
 }
 

@@ -1,13 +1,12 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
-#include <string_view>
 #include <unordered_map>
 #include <vector>
 
-#include "engine/base/tabs/KVXEPowerDesignCategories.h"
 #include "engine/base/tabs/KVXERailPowerIndex.h"
 #include "engine/base/workbook/KVXECell.h"
 #include "engine/base/workbook/KVXETab.h"
@@ -19,7 +18,6 @@ class Record;
 class StaticQueries;
 struct Device;
 struct Supply;
-struct VoltageRange;
 enum class Architecture;
 }  // namespace kvxm
 
@@ -39,6 +37,9 @@ class KVXEPowerDesignTab : public KVXETab {
   static const std::string m_totalPowerCol, m_staticPowerCol, m_dynamicPowerCol;
   static const std::string m_initialTempStr, m_tempAt25Str, m_nonIntLeakageStr, m_calcJunctionTempStr,
       m_maxAmbientTempStr;
+  // Keys of the rail categories, in the order of the supply table.
+  static const std::string m_pmcStr, m_lpdStr, m_fpdStr, m_systemAuxStr, m_systemCoreStr, m_plCoreStr, m_ioStr,
+      m_xcvraStr, m_xcvrdStr, m_xcvrcStr, m_hbmStr, m_batStr, m_otherStr;
 
   /// How the junction temperature was found.
   enum class JunctionStatus {
@@ -53,9 +54,6 @@ class KVXEPowerDesignTab : public KVXETab {
 
   using KVXETab::KVXETab;
   std::string className() const override { return "KVXEPowerDesignTab"; }
-  std::string getPBTitle() const override { return "Power Design"; }
-  std::string getPBSuffix() override { return {}; }
-  std::string getPlaceholderText() const override { return {}; }
   void init() override;
 
   // The part, from the device table. The temperature grade is the short letter.
@@ -79,8 +77,8 @@ class KVXEPowerDesignTab : public KVXETab {
   static bool isExcursionTempSupported(const KVXEUID& uid);
   static float getMaxJunctionToExcursionTemp(const KVXEUID& uid);
 
-  // Results, from the junction temperature table: the temperature in force, which is the user's while the override
-  // is on, else where the device settles, at most AbsoluteMaxJunctionTemp.
+  // Results, from the junction temperature table. The calculated temperature is the one in force: the user's while
+  // the override is on, else where the device settles, at most AbsoluteMaxJunctionTemp.
   static float getCalculatedJunctionTemp(const KVXEUID& uid);
   static float getInitialJunctionTemp(const KVXEUID& uid);
   static float getJunctionTempAt25(const KVXEUID& uid);
@@ -105,19 +103,39 @@ class KVXEPowerDesignTab : public KVXETab {
   // What a rail supplies, by its internal name.
   static bool isVcuVoltage(const std::string& rail);
   static bool isXcvrAVoltage(const std::string& rail);
-  static bool isXcvrBVoltage(const std::string& rail);
-  static bool isXcvrCVoltage(const std::string& rail);
   static bool isXcvrDVoltage(const std::string& rail);
+  static bool isXcvrCVoltage(const std::string& rail);
+  static bool isXcvrBVoltage(const std::string& rail);
   static bool isPSIoVoltage(const std::string& rail);
+  static bool isHbmVoltage(const std::string& rail);
   static bool isPsVoltage(const std::string& rail);
   static bool isPsBlockVoltage(const std::string& rail);
-  static bool isPswVoltage(const std::string& rail);
-  static bool isHbmVoltage(const std::string& rail);
   static bool isHic5Voltage(const std::string& rail);
-  static bool isHic5nVoltage(const std::string& rail);
+  static bool isPswVoltage(const std::string& rail);
   static bool isNicbVoltage(const std::string& rail);
+  static bool isHic5nVoltage(const std::string& rail);
   static bool isIoVccoVoltage(const std::string& rail);
   static bool isArkeonNetVcco(const std::string& rail);
+
+  // A rail by its internal name, as the present part has it; volts are 0 and the name stays when it lacks the rail.
+  static bool isValidVoltage(const KVXEUID& uid, const std::string& rail);
+  static std::string getInt2ExtVoltName(const KVXEUID& uid, const std::string& rail);
+  static float getMinVoltage(const KVXEUID& uid, const std::string& rail);
+  static float getNomVoltage(const KVXEUID& uid, const std::string& rail);
+  static float getMaxVoltage(const KVXEUID& uid, const std::string& rail);
+
+  // Categories of rails.
+  /// Whether the present device has a rail of the category.
+  static bool isValidCategory(const KVXEUID& uid, const std::string& category);
+  /// Whether a supply text heads a category rather than names a rail.
+  static bool isCategoryStr(const std::string& supply);
+  /// The keys of all categories, in the order of the supply table.
+  static std::vector<std::string> getCategoryList();
+  /// The key of a category from its shown text, and the shown text from the key; blank for any other text.
+  static std::string getCategoryStr(const std::string& detailed);
+  static std::string getCategoryDetailedStr(const std::string& key);
+  /// Text and background colour of a power domain: "PMC", "SYSTEM", "LPD", "FPD", "PL", "IO", "BATT".
+  static KVXECell::Colors getPowerDomainColorCode(const std::string& domain);
 
   // Formulas.
   static void updateDeviceTable(const KVXEUID& uid);
@@ -137,27 +155,24 @@ class KVXEPowerDesignTab : public KVXETab {
     std::string option;
     std::string setting;
   };
-  /// A rail of the supply table, whether or not the present device has it.
-  struct RailRow {
-    std::string rail;
-    KVXERow* row = nullptr;
-  };
 
   // What the architectures differ in.
-  virtual std::vector<DeviceRow> deviceRows() const = 0;
+  virtual std::span<const DeviceRow> deviceRows() const = 0;
   virtual kvxm::Architecture architecture() const = 0;
   virtual const kvxm::StaticQueries& staticData() const = 0;
   virtual std::unique_ptr<kvxm::Record> makeStaticParams() const = 0;
   virtual void calculateStatic(kvxm::Record& params) const = 0;
   /// The code by which supply limits differ between parts: the voltage grade, or the speed field.
   virtual std::string supplyGrade(const KVXEUID& uid) const = 0;
-  /// What a row of the device table shows; the present setting of that name.
+  /// What a row of the device table shows.
   virtual std::string partSetting(const DeviceRow& row) const;
-  virtual void fillBlockParams(const KVXEUID& uid, kvxm::Record& params) const;
+  /// The architecture's own inputs of the static model.
+  virtual void fillDeviceParams(const KVXEUID&, kvxm::Record&) const {}
+  virtual void fillBlockParams(const KVXEUID&, kvxm::Record&) const {}
   /// Watts that heat the die besides leakage; must not depend on temperature or static power.
-  virtual float onChipDynamicPower(const KVXEUID& uid) const;
-  /// Checks of a voltage behind the range check that only this architecture has.
-  virtual void checkVoltage(const KVXEUID& uid, const std::string& rail, float volts) const;
+  virtual float onChipDynamicPower(const KVXEUID& uid);
+  /// Checks of a voltage that only this architecture has; they run behind the check of its range.
+  virtual void checkVoltage(const KVXEUID&, const std::string& /*rail*/, float /*volts*/) const {}
 
   void initDeviceTable();
   void initPowerSummaryTable();
@@ -170,18 +185,27 @@ class KVXEPowerDesignTab : public KVXETab {
   static std::string deviceSetting(const KVXEUID& uid, const std::string& option);
   /// The present device in the catalogue; null for an unknown one.
   static const kvxm::Device* deviceOf(const KVXEUID& uid);
-  /// The limits of a rail for the present part; null when the device lacks it.
-  static const kvxm::VoltageRange* voltageRange(const KVXEUID& uid, const std::string& rail);
+  /// The rail as the present device has it; null when the device lacks it.
+  static const kvxm::Supply* supplyOf(const KVXEUID& uid, const std::string& rail);
+  /// A float cell of the summary tab's environment table; nothing when it is missing or blank.
+  static std::optional<float> environmentValue(const KVXEUID& uid, const std::string& row);
 
  private:
-  struct StaticRun;
-  void createVoltageRow(const kvxe::RailCategory& category);
-  static float staticCurrent(const KVXEUID& uid, const std::string& rail, float celsius);
-  static float debugValue(const KVXEUID& uid, const std::string& row);
+  enum DebugRow : unsigned int { InitialTemp = 1, TempAt25, NonIntLeakage, CalcJunctionTemp, MaxAmbientTemp };
 
-  std::vector<RailRow> m_railRows;
-  std::unordered_map<std::string, size_t> m_railIndex;  ///< rail to its place in m_railRows
-  std::unordered_map<std::string, KVXECell*> m_deviceSettings;  ///< option to its selection cell
+  static std::string domainOfCategory(const std::string& key);
+  void createVoltageRow(const std::string& category);
+  void createRailRow(const std::string& rail);
+  std::vector<std::string> railsOfCategory(const std::string& category) const;
+  void writeJunction(kvxm::Record& params);
+  static std::string gradeOf(const KVXEUID& uid);
+  static std::optional<std::string> beginCurrent(const KVXEUID& uid);
+  static float staticOutput(const KVXEUID& uid, int key);
+  static float staticCurrent(const KVXEUID& uid, const std::string& rail, float celsius);
+  static float debugValue(const KVXEUID& uid, DebugRow row, float fallback);
+
+  std::unordered_map<std::string, KVXECell*> m_voltageCells;    ///< by rail, whether or not the device has it
+  std::unordered_map<std::string, KVXECell*> m_deviceSettings;  ///< selection cells of the device table by option
   kvxe::RailPowerIndex m_railPower;
   JunctionStatus m_junctionStatus = JunctionStatus::Valid;  ///< written with the temperature, read behind it
 };

@@ -1,10 +1,6 @@
 #include "engine/base/tabs/KVXEUtilization.h"
 
-#if __has_include("engine/base/selection/KVXEPartSelection.h")
 #include "engine/base/selection/KVXEPartSelection.h"
-#else
-struct KVXEPartSelection { static KVXEPartSelection* getGlobal() { return nullptr; } int getAvailResources(const std::string&) const { return 0; } };
-#endif
 #include "engine/base/tabs/KVXERowReading.h"
 #include "engine/base/workbook/KVXEHeaderRow.h"
 

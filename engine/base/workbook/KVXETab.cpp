@@ -66,7 +66,7 @@ namespace {
 template <class T>
 T* findByTitle(const std::vector<T*>& tables, const KVXETitle* title) {
   for (T* table : tables)
-    if (table->getTableTitle() == title) return table;
+    if (table->KVXETable::getTableTitle() == title) return table;
   return nullptr;
 }
 

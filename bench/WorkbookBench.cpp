@@ -1,0 +1,138 @@
+// The cost of building, calculating and editing the workbook of a large estimate.
+//
+// Each edit alternates between two values, so that every run has work to do. The argument is the number of rows
+// of each of the four configuration tables.
+
+#include <benchmark/benchmark.h>
+#include <malloc.h>
+
+#include <iostream>
+#include <memory>
+
+#include "bench/BenchBook.h"
+#include "engine/base/calculation/KVXECalculationMgr.h"
+#include "engine/base/calculation/KVXETableOperations.h"
+
+namespace {
+
+/// Counts the formulas that a calculation runs.
+class EvaluationCount : public KVXECalculationObserver {
+ public:
+  EvaluationCount() { KVXECalculationMgr::getGlobal().setObserver(this); }
+  ~EvaluationCount() override { KVXECalculationMgr::getGlobal().setObserver(nullptr); }
+  void onBeginEvaluation(KVXECell*) override { ++evaluated; }
+  double evaluated = 0;
+};
+
+/// The book lives from one benchmark to the next of the same size; only one lives at a time anyway.
+BenchBook& bookOf(unsigned int rows) {
+  static std::unique_ptr<BenchBook> book;
+  static unsigned int size = 0;
+  if (size != rows) {
+    book.reset();
+    book = std::make_unique<BenchBook>(rows);
+    size = rows;
+    book->settle();
+  }
+  return *book;
+}
+
+unsigned int rowsOf(const benchmark::State& state) {
+  return static_cast<unsigned int>(state.range(0));
+}
+
+size_t heapBytes() {
+  const struct mallinfo2 info = mallinfo2();
+  return info.uordblks + info.hblkhd;
+}
+
+void build(benchmark::State& state) {
+  bookOf(1);
+  for (auto _ : state) {
+    auto book = std::make_unique<BenchBook>(rowsOf(state));
+    state.PauseTiming();
+    book.reset();
+    state.ResumeTiming();
+  }
+  bookOf(2);
+}
+
+void full(benchmark::State& state) {
+  bookOf(1);
+  const size_t before = heapBytes();
+  BenchBook& book = bookOf(rowsOf(state));
+  const auto cells = static_cast<double>(book.countCells());
+  for (auto _ : state) KVXECalculationMgr::getGlobal().fullCalculate();
+  state.counters["cells"] = cells;
+  state.counters["edges"] = static_cast<double>(KVXECalculationMgr::getGlobal().getEdgeCount());
+  state.counters["edges_per_cell"] = state.counters["edges"] / cells;
+  state.counters["MB"] = static_cast<double>(heapBytes() - before) / 1e6;
+  state.counters["bytes_per_cell"] = static_cast<double>(heapBytes() - before) / cells;
+  book.settle();
+}
+
+void straightLine(benchmark::State& state) {
+  const BenchBook& book = bookOf(rowsOf(state));
+  for (auto _ : state) benchmark::DoNotOptimize(book.evaluateStraight());
+}
+
+/// Times an edit of the cell between two values and counts what it evaluates.
+void alternate(benchmark::State& state, KVXECell* cell, float a, float b) {
+  BenchBook& book = bookOf(rowsOf(state));
+  book.settle();
+  bool isA = false;
+  for (auto _ : state) book.edit(cell, (isA = !isA) ? a : b);
+  const EvaluationCount count;
+  book.edit(cell, (isA = !isA) ? a : b);
+  state.counters["evaluated"] = count.evaluated;
+  state.counters["edges"] = static_cast<double>(KVXECalculationMgr::getGlobal().getEdgeCount());
+}
+
+void editRow(benchmark::State& state) {
+  alternate(state, bookOf(rowsOf(state)).getToggleRate(7), 0.2f, 0.3f);
+}
+void editClock(benchmark::State& state) {
+  alternate(state, bookOf(rowsOf(state)).getClockFrequency(3), 200.0f, 250.0f);
+}
+void editVoltage(benchmark::State& state) {
+  alternate(state, bookOf(rowsOf(state)).getVccint(), 0.79f, 0.8f);
+}
+void editAmbient(benchmark::State& state) {
+  alternate(state, bookOf(rowsOf(state)).getAmbient(), 30.0f, 50.0f);
+}
+
+void insertRow(benchmark::State& state) {
+  BenchBook& book = bookOf(rowsOf(state));
+  book.settle();
+  KVXECalculationMgr& calculation = KVXECalculationMgr::getGlobal();
+  for (auto _ : state) {
+    const KVXETableOperations::Scope operation;
+    book.getLogicTable()->insertRow(100);
+    calculation.incrCalculate();
+    state.PauseTiming();
+    book.getLogicTable()->deleteRow(100);
+    calculation.incrCalculate();
+    state.ResumeTiming();
+  }
+  book.settle();
+}
+
+#define KVX_BENCH(function) BENCHMARK(function)->Arg(500)->Unit(benchmark::kMillisecond)
+KVX_BENCH(build)->Iterations(20);
+KVX_BENCH(full);
+KVX_BENCH(straightLine);
+KVX_BENCH(editRow)->Arg(5000);
+KVX_BENCH(editClock);
+KVX_BENCH(editVoltage);
+KVX_BENCH(editAmbient)->Arg(5000);
+KVX_BENCH(insertRow)->Iterations(500);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::cout.setf(std::ios::fixed);
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}

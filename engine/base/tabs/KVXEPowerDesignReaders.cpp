@@ -1,0 +1,242 @@
+// What other tabs read of the power design, and the input of the static model.
+
+#include "engine/base/selection/KVXEPartSelection.h"
+#include "engine/base/tabs/KVXEPowerDesignTab.h"
+#include "engine/base/tabs/KVXESummaryTab.h"
+#include "engine/base/workbook/KVXEBook.h"
+#include "engine/base/workbook/KVXERow.h"
+#include "models/catalogue/DeviceCatalogue.h"
+#include "models/common/StaticPower.h"
+
+using KVXEEnums::TabType;
+using kvxm::StaticKey;
+
+namespace {
+
+constexpr float DefaultThetaJa = 1.23f;
+constexpr float DefaultAmbientTemp = 25.0f;
+constexpr float DefaultJunctionTemp = 25.0f;
+constexpr float ExcursionTemp = 110.0f;
+
+// By the first letter that the temperature grade contains.
+struct GradeLimit {
+  char letter;
+  float celsius;
+};
+constexpr GradeLimit gradeLimits[] = {{'C', 85.0f}, {'M', 125.0f}, {'Q', 125.0f}};
+constexpr float DefaultMaxJunctionTemp = 100.0f;
+
+float maxJunctionOf(const std::string& grade) {
+  for (const GradeLimit& limit : gradeLimits)
+    if (grade.find(limit.letter) != std::string::npos) return limit.celsius;
+  return DefaultMaxJunctionTemp;
+}
+
+KVXECell* environmentCell(const KVXEUID& uid, const std::string& row, const KVXETitle& column) {
+  KVXEBook* book = uid.getBook();
+  return book ? book->lookup<std::string>(TabType::SUMMARY, &KVXESummaryTab::m_envTableHeader, row,
+                                          &KVXESummaryTab::m_envTypeColumn, &column, false)
+              : nullptr;
+}
+
+float& slot(kvxm::Record& params, int key) {
+  return *params.findFloat(key);
+}
+
+}  // namespace
+
+KVXEPowerDesignTab* KVXEPowerDesignTab::tabOf(const KVXEUID& uid) {
+  const KVXEBook* book = uid.getBook();
+  return book ? dynamic_cast<KVXEPowerDesignTab*>(book->getTab(TabType::POWER_DESIGN)) : nullptr;
+}
+
+// The part.
+
+std::string KVXEPowerDesignTab::deviceSetting(const KVXEUID& uid, const std::string& option) {
+  std::string text;
+  const KVXEPowerDesignTab* tab = tabOf(uid);
+  if (!tab) return text;
+  if (const auto found = tab->m_deviceSettings.find(option); found != tab->m_deviceSettings.end())
+    found->second->getVal(text, true);
+  return text;
+}
+
+std::string KVXEPowerDesignTab::getDevice(const KVXEUID& uid) {
+  return deviceSetting(uid, "Device");
+}
+std::string KVXEPowerDesignTab::getPkg(const KVXEUID& uid) {
+  return deviceSetting(uid, "Package");
+}
+std::string KVXEPowerDesignTab::getFamily(const KVXEUID& uid) {
+  return deviceSetting(uid, "Family");
+}
+std::string KVXEPowerDesignTab::getProcess(const KVXEUID& uid) {
+  return deviceSetting(uid, "Process");
+}
+std::string KVXEPowerDesignTab::getTempGrade(const KVXEUID& uid) {
+  return deviceSetting(uid, "Temperature");
+}
+std::string KVXEPowerDesignTab::getSpeedGrade(const KVXEUID& uid) {
+  return deviceSetting(uid, "Speed");
+}
+
+const kvxm::Device* KVXEPowerDesignTab::deviceOf(const KVXEUID& uid) {
+  return kvxm::DeviceCatalogue::getGlobal().findDevice(getDevice(uid));
+}
+
+const kvxm::Supply* KVXEPowerDesignTab::supplyOf(const KVXEUID& uid, const std::string& rail) {
+  const kvxm::Device* device = deviceOf(uid);
+  const int index = device ? kvxm::staticRailIndex(*device, rail) : -1;
+  return index < 0 ? nullptr : &device->supplies[static_cast<size_t>(index)];
+}
+
+float KVXEPowerDesignTab::getVoltage(const KVXEUID& uid, const std::string& rail) {
+  const KVXEPowerDesignTab* tab = tabOf(uid);
+  if (!tab) return 0.0f;
+  const auto found = tab->m_voltageCells.find(rail);
+  float volts = 0.0f;
+  return found != tab->m_voltageCells.end() && found->second->getVal(volts, true) ? volts : 0.0f;
+}
+
+// The environment.
+
+std::optional<float> KVXEPowerDesignTab::environmentValue(const KVXEUID& uid, const std::string& row) {
+  KVXECell* cell = environmentCell(uid, row, KVXESummaryTab::m_envValColumn);
+  float value = 0.0f;
+  constexpr float OldBlank = -1000.0f;
+  if (!cell || !cell->getVal(value, true) || value == OldBlank) return std::nullopt;
+  return value;
+}
+
+bool KVXEPowerDesignTab::isJunctionTempOverrideOn(const KVXEUID& uid) {
+  KVXECell* cell = environmentCell(uid, KVXESummaryTab::m_junctionTempStr, KVXESummaryTab::m_envTempColumn);
+  std::string choice;
+  return cell && cell->getVal(choice, true) && choice == "User Override ON";
+}
+
+float KVXEPowerDesignTab::getThetaJA(const KVXEUID& uid) {
+  return environmentValue(uid, KVXESummaryTab::m_thetaJaStr).value_or(DefaultThetaJa);
+}
+float KVXEPowerDesignTab::getAmbientTemp(const KVXEUID& uid) {
+  return environmentValue(uid, KVXESummaryTab::m_ambientTempStr).value_or(DefaultAmbientTemp);
+}
+float KVXEPowerDesignTab::getUserJunctionTemp(const KVXEUID& uid) {
+  return environmentValue(uid, KVXESummaryTab::m_junctionTempStr).value_or(DefaultJunctionTemp);
+}
+float KVXEPowerDesignTab::getMaxJunctionTemp(const KVXEUID& uid) {
+  return maxJunctionOf(getTempGrade(uid));
+}
+
+bool KVXEPowerDesignTab::isExcursionTempSupported(const KVXEUID& uid) {
+  const kvxm::Device* device = deviceOf(uid);
+  const std::string grade = getTempGrade(uid);
+  return device && device->supportsExcursion && (grade == "E" || grade == "I");
+}
+
+float KVXEPowerDesignTab::getMaxJunctionToExcursionTemp(const KVXEUID& uid) {
+  return environmentValue(uid, KVXESummaryTab::m_maxJunctionTempWithExcursionStr).value_or(ExcursionTemp);
+}
+
+// Results.
+
+float KVXEPowerDesignTab::debugValue(const KVXEUID& uid, DebugRow row, float fallback) {
+  const KVXEPowerDesignTab* tab = tabOf(uid);
+  const KVXETable* table = tab ? tab->getTable(&m_debugJunctionTempTable) : nullptr;
+  KVXECell* cell = table ? table->getCellAt(row, &m_debugTempValueColumn) : nullptr;
+  float value = fallback;
+  return cell && cell->getVal(value, true) ? value : fallback;
+}
+
+float KVXEPowerDesignTab::getCalculatedJunctionTemp(const KVXEUID& uid) {
+  return debugValue(uid, CalcJunctionTemp, DefaultJunctionTemp);
+}
+float KVXEPowerDesignTab::getInitialJunctionTemp(const KVXEUID& uid) {
+  return debugValue(uid, InitialTemp, DefaultJunctionTemp);
+}
+float KVXEPowerDesignTab::getJunctionTempAt25(const KVXEUID& uid) {
+  return debugValue(uid, TempAt25, DefaultJunctionTemp);
+}
+float KVXEPowerDesignTab::getNonIntLeakage(const KVXEUID& uid) {
+  return debugValue(uid, NonIntLeakage, 0.0f);
+}
+
+KVXEPowerDesignTab::JunctionStatus KVXEPowerDesignTab::getJunctionStatus(const KVXEUID& uid) {
+  getCalculatedJunctionTemp(uid);
+  const KVXEPowerDesignTab* tab = tabOf(uid);
+  return tab ? tab->m_junctionStatus : JunctionStatus::Valid;
+}
+
+/// Runs the static model on all that the book says, and reads one of its results.
+float KVXEPowerDesignTab::staticOutput(const KVXEUID& uid, int key) {
+  const KVXEPowerDesignTab* tab = tabOf(uid);
+  if (!tab) return 0.0f;
+  const auto params = tab->makeStaticParams();
+  getStaticParams(uid, *params);
+  tab->calculateStatic(*params);
+  return slot(*params, key);
+}
+
+float KVXEPowerDesignTab::getOnChipStaticPower(const KVXEUID& uid) {
+  return staticOutput(uid, StaticKey::STATIC_POWER);
+}
+float KVXEPowerDesignTab::getHbmStaticPower(const KVXEUID& uid) {
+  return staticOutput(uid, StaticKey::HBM_STATIC_POWER);
+}
+
+float KVXEPowerDesignTab::getOnChipDynamicPower(const KVXEUID& uid) {
+  KVXEPowerDesignTab* tab = tabOf(uid);
+  return tab ? tab->onChipDynamicPower(uid) : 0.0f;
+}
+
+float KVXEPowerDesignTab::getOnChipPower(const KVXEUID& uid) {
+  return getOnChipStaticPower(uid) + getOnChipDynamicPower(uid);
+}
+
+/// The summary's list of blocks; without one, what the tabs themselves say.
+float KVXEPowerDesignTab::onChipDynamicPower(const KVXEUID& uid) {
+  KVXEBook* book = uid.getBook();
+  KVXETab* summary = book->getTab(TabType::SUMMARY);
+  if (summary && summary->getTable(&KVXESummaryTab::m_onchipDynamicTableHeader))
+    return summary->sumColumn(&KVXESummaryTab::m_onchipDynamicTableHeader, &KVXESummaryTab::m_onchipPowerColumn);
+  double watts = 0.0;
+  for (unsigned int i = 0; i < book->getTabCount(); ++i) {
+    float active = 0.0f;
+    if (KVXETab* tab = book->getTab(i); tab && tab->getTabActivePower(active)) watts += active;
+  }
+  return static_cast<float>(watts);
+}
+
+// The static model's input.
+
+void KVXEPowerDesignTab::getStaticParams(const KVXEUID& uid, kvxm::Record& params) {
+  updateVoltageParams(uid, params);
+  updateDeviceParams(uid, params);
+  updateBlockParams(uid, params);
+  updateThermalParams(uid, params);
+}
+
+void KVXEPowerDesignTab::updateVoltageParams(const KVXEUID& uid, kvxm::Record& params) {
+  const kvxm::Device* device = deviceOf(uid);
+  if (!device) return;
+  const size_t count = std::min(device->supplies.size(), kvxm::mostStaticRails);
+  for (size_t i = 0; i < count; ++i)
+    slot(params, StaticKey::RAIL_VOLTAGE_0 + static_cast<int>(i)) = getVoltage(uid, device->supplies[i].rail);
+}
+
+void KVXEPowerDesignTab::updateDeviceParams(const KVXEUID& uid, kvxm::Record& params) {
+  *params.findString(StaticKey::DEVICE) = getDevice(uid);
+  *params.findString(StaticKey::PROCESS) = getProcess(uid);
+  if (const KVXEPowerDesignTab* tab = tabOf(uid)) tab->fillDeviceParams(uid, params);
+}
+
+void KVXEPowerDesignTab::updateBlockParams(const KVXEUID& uid, kvxm::Record& params) {
+  if (const KVXEPowerDesignTab* tab = tabOf(uid)) tab->fillBlockParams(uid, params);
+}
+
+void KVXEPowerDesignTab::updateThermalParams(const KVXEUID& uid, kvxm::Record& params) {
+  slot(params, StaticKey::THETA_JA) = getThetaJA(uid);
+  slot(params, StaticKey::AMBIENT_TEMP) = getAmbientTemp(uid);
+  const bool isOverridden = isJunctionTempOverrideOn(uid);
+  slot(params, StaticKey::JUNCTION_TEMP) = isOverridden ? getUserJunctionTemp(uid) : getCalculatedJunctionTemp(uid);
+  *params.findInt(StaticKey::JUNCTION_OVERRIDE) = isOverridden;
+}
