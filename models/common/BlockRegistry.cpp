@@ -2,12 +2,14 @@
 
 #include "models/morlan/KVXMMorlanClock.h"
 #include "models/morlan/KVXMMorlanLogicAbstract.h"
+#include "models/morlan/KVXMMorlanStatic.h"
 #include "models/tarvek/KVXMTarvekCleClk.h"
 #include "models/tarvek/KVXMTarvekCleLogic.h"
 #include "models/tarvek/KVXMTarvekClkDist.h"
 #include "models/tarvek/KVXMTarvekClock.h"
 #include "models/tarvek/KVXMTarvekRouting.h"
 #include "models/tarvek/KVXMTarvekSignal.h"
+#include "models/tarvek/KVXMTarvekStatic.h"
 
 namespace kvxm {
 
@@ -29,8 +31,10 @@ constexpr BlockDescription blocks[] = {
     KVXM_DESCRIBE(KVXMTarvekClock),
     KVXM_DESCRIBE(KVXMTarvekRouting),
     KVXM_DESCRIBE(KVXMTarvekSignal),
+    KVXM_DESCRIBE(KVXMTarvekStatic),
     KVXM_DESCRIBE(KVXMMorlanClock),
     KVXM_DESCRIBE(KVXMMorlanLogicAbstract),
+    KVXM_DESCRIBE(KVXMMorlanStatic),
 };
 // clang-format on
 

@@ -84,6 +84,23 @@ double junctionOf(Record& params, const StaticResult& result) {
   return isValid ? clampedTemperature(thermal.temperature) : absoluteMaximumJunction;
 }
 
+/// The highest ambient at which the junction settles no higher than `highest`. The ambient that belongs to a junction
+/// temperature, T - theta * (Pd + leakage(T)), rises up to the point where leakage heats as fast as the path cools and
+/// falls behind it: that point decides where it lies below `highest`.
+double maxAmbient(const ThermalPath& path, const StaticResult& result, double highest) {
+  const auto ambientOf = [&](double t) { return t - path.thetaJa * (path.dynamicWatts + deviceLeakage(result, t)); };
+  constexpr double step = 0.01;
+  const auto rises = [&](double t) { return ambientOf(t) >= ambientOf(t - step); };
+  if (rises(highest)) return ambientOf(highest);
+  double low = absoluteZero;
+  double high = highest;
+  while (high - low > step) {
+    const double middle = (low + high) / 2;
+    (rises(middle) ? low : high) = middle;
+  }
+  return ambientOf(low);
+}
+
 /// What the leakage says about the junction besides its temperature.
 void describeJunction(Record& params, const StaticResult& result, double junction) {
   const ThermalPath path = pathOf(params);
@@ -92,13 +109,12 @@ void describeJunction(Record& params, const StaticResult& result, double junctio
   for (const LeakingRail& rail : result.used()) {
     if (rail.block != StaticBlock::Hbm && rail.supply->rail != "VCCINT") nonInt += rail.watts(junction);
   }
-  const double highest = *params.findFloat(StaticKey::MAX_JUNCTION_TEMP);
-  const double wattsAtHighest = path.dynamicWatts + deviceLeakage(result, clampedTemperature(highest));
+  const double highest = clampedTemperature(*params.findFloat(StaticKey::MAX_JUNCTION_TEMP));
   *params.findFloat(StaticKey::JUNCTION_RESULT) = toFloat(junction);
   *params.findFloat(StaticKey::INITIAL_TEMP) = heated(path.dynamicWatts);
   *params.findFloat(StaticKey::TEMP_AT_25) = heated(path.dynamicWatts + deviceLeakage(result, 25.0));
   *params.findFloat(StaticKey::NON_INT_LEAKAGE) = toFloat(nonInt);
-  *params.findFloat(StaticKey::MAX_AMBIENT_TEMP) = toFloat(highest - path.thetaJa * wattsAtHighest);
+  *params.findFloat(StaticKey::MAX_AMBIENT_TEMP) = toFloat(maxAmbient(path, result, highest));
 }
 
 /// Currents, blocks and total. Powers are volts times the current as stored, so that rails add up to blocks.

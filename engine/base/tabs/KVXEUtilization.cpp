@@ -3,10 +3,13 @@
 #include "engine/base/selection/KVXEPartSelection.h"
 #include "engine/base/tabs/KVXERowReading.h"
 #include "engine/base/workbook/KVXEHeaderRow.h"
+#include "models/catalogue/DeviceCatalogue.h"
 
 namespace kvxe {
 
 namespace {
+
+constexpr const char* Registers = "FF";
 
 std::optional<float> readCount(const KVXEUID& uid, const KVXETitle& column) {
   float count = 0.0f;
@@ -40,7 +43,13 @@ std::vector<KVXETab::UtilizationTableRow> toTableRows(std::span<const Utilizatio
 std::optional<int> availableCount(const std::string& resource) {
   const auto* selection = KVXEPartSelection::getGlobal();
   if (!selection || resource.empty()) return std::nullopt;
-  return selection->getAvailResources(resource);
+  const int count = selection->getAvailResources(resource);
+  if (count > 0 || resource != Registers) return count;
+  // A module's list leaves out the registers, since they come with its LUTs: they are those of its device.
+  const auto& catalogue = kvxm::DeviceCatalogue::getGlobal();
+  const kvxm::Device* device = catalogue.findDevice(selection->getSelectedDeviceName());
+  if (device) device = catalogue.findDevice(device->baseDevice);
+  return device ? device->resource(resource) : 0;
 }
 
 void updateUtilizationCell(const KVXEUID& uid, const UtilizationRow& row) {
