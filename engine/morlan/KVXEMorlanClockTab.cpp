@@ -18,7 +18,8 @@ void KVXEMorlanClockTab::init() {
   };
   initPowerTableRows(rails);
   std::vector<UtilizationTableRow> types;
-  for (const std::string& type : {m_FsynStr, m_PllStr, m_ClockStr}) types.push_back({type, &updateUtilizationTable});
+  for (const std::string& type : {m_FsynStr, m_PllStr, m_ClockStr})
+    types.push_back({type, &updateUtilizationTable});
   initUtilizationTableRows(types);
   initClockTagTable();
 }

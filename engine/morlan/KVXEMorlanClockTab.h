@@ -9,8 +9,8 @@ class KVXEMorlanClockTab : public KVXEClockTab {
   std::string className() const override { return "KVXEMorlanClockTab"; }
   void init() override;
 
-  /// Names a clock that got a frequency but no name, so that other tabs can refer to it. The name is given once,
-  /// like one that the user typed: it stays when rows move.
+  /// Names a clock that got a frequency but no name, so that other tabs can refer to it. The name is given
+  /// once, like one that the user typed: it stays when rows move.
   static void populateDefaultClkName(const KVXEUID& uid);
   static void updateClockConfigPowerRow(const KVXEUID& uid);
   static void updateUtilizationTable(const KVXEUID& uid);

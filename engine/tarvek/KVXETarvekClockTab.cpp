@@ -81,7 +81,8 @@ float fanoutPerSiteOfDesign(const KVXEUID& uid) {
   const float share = kvxe::readUtilization(uid, TabType::LOGIC, KVXELogicTab::m_RegistersStr);
   if (used <= 0.0f) return KVXEClockTab::DefaultFanoutPerSite;
   constexpr float LargestShare = 60.0f;  // keeps the result finite
-  return std::max(4.0f * std::exp(1.386f * std::min(share, LargestShare)), KVXEClockTab::DefaultFanoutPerSite);
+  return std::max(4.0f * std::exp(1.386f * std::min(share, LargestShare)),
+                  KVXEClockTab::DefaultFanoutPerSite);
 }
 
 bool isEntered(ValueSource source) {
@@ -109,8 +110,7 @@ void KVXETarvekClockTab::updateClockConfigPowerRow(const KVXEUID& uid) {
   static const KVXETitle* const results[] = {&m_VccintPwr, &m_VccramPwr, &m_Power};
   if (!kvxe::isInTable(uid, m_ClockConfigTable, "power of clocks")) return;
   const std::optional<ClockRow> clock = readClockRow(uid);
-  const std::optional<float> ramVolts = clock ? kvxe::readVoltage(uid, "VCCRAM") : std::nullopt;
-  if (!ramVolts) return kvxe::blankResults(uid.getRow(), results);
+  if (!clock) return kvxe::blankResults(uid.getRow(), results);
   const std::string device = getDeviceName(uid);
 
   KVXMTarvekClockParams loads;
@@ -121,7 +121,7 @@ void KVXETarvekClockTab::updateClockConfigPowerRow(const KVXEUID& uid) {
   KVXMTarvekClkDistParams distribution;
   distribution[KVXMTarvekClkDistParams::StringEnum::DEVICE] = device;
   fillActivity(*clock, distribution);
-  distribution[Dist::VCCRAM] = *ramVolts;
+  distribution[Dist::VCCRAM] = kvxe::readVoltage(uid, "VCCRAM").value_or(0.0f);
   distribution[Dist::SLICE_SITES] = loads[Loads::SLICE_SITES];
   distribution[Dist::RAM_SITES] = loads[Loads::RAM_SITES];
   distribution[Dist::HARD_SITES] = loads[Loads::HARD_SITES];

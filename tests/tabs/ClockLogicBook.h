@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "engine/base/calculation/KVXECalculationMgr.h"
+#include "engine/base/calculation/KVXETableOperations.h"
 #include "engine/base/selection/KVXEPartSelection.h"
 #include "engine/base/tabs/KVXEClockTab.h"
 #include "engine/base/tabs/KVXELogicTab.h"
@@ -92,7 +93,8 @@ class ClockLogicBook : public ::testing::Test {
     }
   }
 
-  /// Calculates in full and tells the states that the front end has everything, so that edits are incremental.
+  /// Calculates in full and tells the states that the front end has everything, so that edits are
+  /// incremental.
   void settle() {
     KVXECalculationMgr::getGlobal().fullCalculate();
     KVXECellStateMgr::getGlobal().markGuiClean();
@@ -100,7 +102,8 @@ class ClockLogicBook : public ::testing::Test {
   /// Calculates what was put in, and checks that a full calculation finds the same.
   void calculate() {
     KVXECalculationMgr& mgr = KVXECalculationMgr::getGlobal();
-    EXPECT_FALSE(mgr.getIsGraphStale()) << "the edit is meant to be incremental";
+    const bool isTableOperation = KVXETableOperations::getGlobal().getIsTableOperationActive();
+    EXPECT_TRUE(isTableOperation || !mgr.getIsGraphStale()) << "the edit is meant to be incremental";
     mgr.incrCalculate();
     Captured captured;
     const bool isSame = mgr.verifyIncrVsFull();

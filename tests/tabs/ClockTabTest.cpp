@@ -1,6 +1,5 @@
-#include "tests/tabs/ClockLogicBook.h"
-
 #include "engine/base/calculation/KVXETableOperations.h"
+#include "tests/tabs/ClockLogicBook.h"
 
 using namespace ::testing;
 
@@ -138,7 +137,8 @@ class ClockPower : public ClockLogicBook, public WithParamInterface<const char*>
   }
 };
 INSTANTIATE_TEST_SUITE_P(Architectures, ClockPower,
-                         Values(KVXEPartSelection::m_arkeonArchName.c_str(), KVXEPartSelection::m_morlanArchName.c_str()),
+                         Values(KVXEPartSelection::m_arkeonArchName.c_str(),
+                                KVXEPartSelection::m_morlanArchName.c_str()),
                          [](const auto& param) { return "Arch" + std::to_string(param.index); });
 
 TEST_P(ClockPower, IsLinearInFrequencyAndQuadraticInVoltage) {
@@ -172,7 +172,7 @@ TEST_P(ClockPower, IsBlankWithoutFrequencyOrLoads) {
     clear(cell);
     calculate();
     for (const KVXETitle* result : {&Clock::m_Power, &Clock::m_VccintPwr, &Clock::m_VccramPwr})
-      EXPECT_EQ(text(clock(1, *result)), "340282350000000000000000000000000000000") << result->getDisplayTag(false);
+      EXPECT_EQ(number(clock(1, *result)), -1.0f) << result->getDisplayTag(false);
     put(cell, value);
     calculate();
     EXPECT_GT(number(clock(1, Clock::m_Power)), 0.0f);
@@ -210,7 +210,6 @@ TEST_F(FanoutPerSite, FollowsTheRegistersUntilTheUserDecides) {
   useRegisters(1.0f);
   EXPECT_NEAR(number(clock(1, Clock::m_FanoutPerSite)), 15.995, 0.01);
   EXPECT_FLOAT_EQ(number(clock(2, Clock::m_FanoutPerSite)), 6.5f) << "a row without a clock is left alone";
-  EXPECT_EQ(clocks()->getFirstRowIDWithDefaults(false), 2u);
   put(clock(1, Clock::m_FanoutPerSite), 9.0f);
   calculate();
   useRegisters(0.0f);

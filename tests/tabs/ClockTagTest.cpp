@@ -41,11 +41,29 @@ TEST(ClockTag, IsReadWhenItHasTheForm) {
 }
 
 TEST(ClockTag, IsRefusedOtherwise) {
-  for (const char* text :
-       {"", "sys", "MHz (sys)", "100.000", "100.000 mhz (sys)", "100.000 MHZ (sys)", "100.000 GHz (sys)",
-        "100.000  MHz (sys)", " 100.000 MHz (sys)", "100.000 MHz (sys) ", "100.000 MHz(sys)", "100.000 MHz (",
-        "100.000 MHz sys)", "100. MHz (sys)", ".5 MHz (sys)", "-1 MHz (sys)", "+1 MHz (sys)", "1e3 MHz (sys)",
-        "1,5 MHz (sys)", "1.5.2 MHz (sys)", "nan MHz (sys)", "1.5 MHz (a\nb)", "1.5 MHz (a\r)"})
+  for (const char* text : {"",
+                           "sys",
+                           "MHz (sys)",
+                           "100.000",
+                           "100.000 mhz (sys)",
+                           "100.000 MHZ (sys)",
+                           "100.000 GHz (sys)",
+                           "100.000  MHz (sys)",
+                           " 100.000 MHz (sys)",
+                           "100.000 MHz (sys) ",
+                           "100.000 MHz(sys)",
+                           "100.000 MHz (",
+                           "100.000 MHz sys)",
+                           "100. MHz (sys)",
+                           ".5 MHz (sys)",
+                           "-1 MHz (sys)",
+                           "+1 MHz (sys)",
+                           "1e3 MHz (sys)",
+                           "1,5 MHz (sys)",
+                           "1.5.2 MHz (sys)",
+                           "nan MHz (sys)",
+                           "1.5 MHz (a\nb)",
+                           "1.5 MHz (a\r)"})
     EXPECT_FALSE(ClockTag::parse(text)) << text;
 }
 

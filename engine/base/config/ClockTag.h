@@ -17,8 +17,8 @@ struct ClockTag {
   /// The tag of a clock; the frequency is written with three decimals.
   static std::string construct(std::string_view name, float megahertz);
 
-  /// Reads digits, an optional "." with digits, an optional blank, "MHz (", a name without line breaks and ")".
-  /// Nothing for any other text, and for a number that no float holds.
+  /// Reads digits, an optional "." with digits, an optional blank, "MHz (", a name without line breaks and
+  /// ")". Nothing for any other text, and for a number that no float holds.
   static std::optional<ClockTag> parse(std::string_view text);
 };
 

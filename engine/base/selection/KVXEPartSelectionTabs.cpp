@@ -37,14 +37,11 @@ void KVXEPartSelection::redrawTabs(bool deleteTabs) {
   if (!book) return;
   if (deleteTabs) book->deleteTabs(true);
 
-  std::map<KVXETab*, bool> isShown;
-  for (unsigned int i = 0; i < book->getTabCount(); ++i) {
-    if (KVXETab* tab = book->getTab(i)) isShown[tab] = false;
-  }
+  std::vector<bool> isShown(book->getTabCount());
   const auto show = [&](TabType type) {
     KVXETab* tab = book->getOrCreateTab(type);
     if (!tab) return;
-    isShown[tab] = true;
+    isShown[tab->getIndex()] = true;
     refreshViews(tab);
   };
   for (const TabType type : getTabsToShow()) show(type);
@@ -65,7 +62,9 @@ void KVXEPartSelection::redrawTabs(bool deleteTabs) {
   }
   if (needsHardBlocks) show(TabType::HARD_BLOCKS);
 
-  for (const auto& [tab, isEnabled] : isShown) tab->setIsEnabled(isEnabled);
+  for (unsigned int i = 0; i < book->getTabCount(); ++i) {
+    if (KVXETab* tab = book->getTab(i)) tab->setIsEnabled(isShown[i]);
+  }
   setDevicePkg();
 }
 

@@ -21,14 +21,16 @@ void KVXEClockTab::initClockConfigTable(const ClockFormulas& formulas) {
        .type = STRING,
        .isEditable = true,
        .formula = formulas.name,
-       .toolTip = "<html>The name of this clock.\nProviding a name is mandatory, as other tabs refer to the clock by "
+       .toolTip = "<html>The name of this clock.\nProviding a name is mandatory, as other tabs refer to the "
+                  "clock by "
                   "its name and frequency.</html>"},
       {.title = &m_Source,
        .type = STRING,
        .isEditable = true,
        .isDropdown = true,
        .entries = sources,
-       .toolTip = "<html>Select the source of the clock:\nUse External for IO driven clocks.\nUser Internal for clocks "
+       .toolTip = "<html>Select the source of the clock:\nUse External for IO driven clocks.\nUser Internal "
+                  "for clocks "
                   "driven by some instance.\nIn case of a Clock Manager output clock, the field will be auto "
                   "populated.</html>"},
       {.title = &m_ClockFreq,
@@ -42,15 +44,17 @@ void KVXEClockTab::initClockConfigTable(const ClockFormulas& formulas) {
        .type = INT,
        .isEditable = true,
        .minimum = 0,
-       .toolTip = "<html>The number of loads that this clock drives: registers, memories, DSPs and IOs.\nA clock "
-                  "without loads has no power.</html>"},
+       .toolTip =
+           "<html>The number of loads that this clock drives: registers, memories, DSPs and IOs.\nA clock "
+           "without loads has no power.</html>"},
       {.title = &m_FanoutPerSite,
        .type = FLOAT,
        .isEditable = true,
        .formula = formulas.fanoutPerSite,
        .number = DefaultFanoutPerSite,
        .minimum = 0,
-       .toolTip = "<html>The average number of registers of this clock that share a site.\nThe fuller the device, the "
+       .toolTip = "<html>The average number of registers of this clock that share a site.\nThe fuller the "
+                  "device, the "
                   "more share one; a value entered here stands.</html>"},
       {.title = &m_ClkBufEnable,
        .type = FLOAT,
@@ -59,7 +63,8 @@ void KVXEClockTab::initClockConfigTable(const ClockFormulas& formulas) {
        .number = 1.0,
        .minimum = 0,
        .maximum = 1,
-       .toolTip = "<html>The percentage of the time that the buffer which drives this clock is enabled.</html>"},
+       .toolTip =
+           "<html>The percentage of the time that the buffer which drives this clock is enabled.</html>"},
       {.title = &m_SliceClkEnable,
        .type = FLOAT,
        .isEditable = true,
@@ -68,7 +73,8 @@ void KVXEClockTab::initClockConfigTable(const ClockFormulas& formulas) {
        .minimum = 0,
        .maximum = 1,
        .toolTip = "<html>The average percentage of the time that the clock is enabled at the slices:\n"
-                  "100% - (%_FFs_with_CE * %disabled), where %_FFs_with_CE is the percentage of flip-flops that have "
+                  "100% - (%_FFs_with_CE * %disabled), where %_FFs_with_CE is the percentage of flip-flops "
+                  "that have "
                   "a clock enable\nand %disabled the percentage of the time that it is off.</html>"},
       {.title = &m_VccintPwr,
        .type = FLOAT,
@@ -108,7 +114,10 @@ void KVXEClockTab::initClockConfigTable(const ClockFormulas& formulas) {
 
 void KVXEClockTab::initClockTagTable() {
   static const KVXEColumn columns[] = {
-      {.title = &m_TagCount, .type = INT, .formula = &updateClockTagList, .toolTip = "Clocks that can be referred to."},
+      {.title = &m_TagCount,
+       .type = INT,
+       .formula = &updateClockTagList,
+       .toolTip = "Clocks that can be referred to."},
       {.title = &m_ClockColumnCount,
        .type = INT,
        .formula = &updateClockDropdownLists,
@@ -154,7 +163,9 @@ KVXEClockTab::DesignUse KVXEClockTab::readDesignUse(const KVXEUID& uid) {
   const auto used = [&](TabType tab, const std::string& type) {
     return static_cast<int>(std::min(kvxe::readUsedCount(uid, tab, type), 1e9f));
   };
-  const auto share = [&](const std::string& type) { return kvxe::readUtilization(uid, TabType::LOGIC, type); };
+  const auto share = [&](const std::string& type) {
+    return kvxe::readUtilization(uid, TabType::LOGIC, type);
+  };
   const float filled = std::max(share(KVXELogicTab::m_RegistersStr), share(KVXELogicTab::m_LutsStr));
   const float regions = static_cast<float>(availableRegions());
   return {.regions = static_cast<int>(std::ceil(std::min(filled, 1.0f) * regions)),
@@ -169,14 +180,15 @@ KVXEClockTab::DesignUse KVXEClockTab::readDesignUse(const KVXEUID& uid) {
 
 namespace {
 
-/// Writes the sum of one column over the tables of clocks and of clock managers; a table that the tab does not
-/// have, or that has no such column, adds nothing.
+/// Writes the sum of one column over the tables of clocks and of clock managers; a table that the tab does
+/// not have, or that has no such column, adds nothing.
 void writeSumOfTables(const KVXEUID& uid, const KVXETitle& column) {
   if (!kvxe::isInTable(uid, KVXETab::m_PowerTable, "power of the clock tab")) return;
   float watts = 0.0f;
   for (const KVXETitle* title : {&KVXEClockTab::m_ClockConfigTable, &KVXEClockTab::m_ClkMgrTable}) {
     const KVXETable* table = uid.getTab()->getTable(title);
-    if (table && table->findTitle(&column) < table->getColumnCount()) watts += uid.getTab()->sumColumn(title, &column);
+    if (table && table->findTitle(&column) < table->getColumnCount())
+      watts += uid.getTab()->sumColumn(title, &column);
   }
   uid.getCell()->setValAndMarkEngineClean(watts);
 }
@@ -201,14 +213,16 @@ void KVXEClockTab::updateVccauxActivePowerInPowerTable(const KVXEUID& uid) {
 kvxe::UtilizationRow KVXEClockTab::clockUtilizationRow() {
   return {.type = m_ClockStr,
           .resource = "",
-          .sumPower = [](const KVXEUID& uid) {
-            return std::optional(uid.getTab()->sumColumn(&m_ClockConfigTable, &m_Power));
-          },
+          .sumPower =
+              [](const KVXEUID& uid) {
+                return std::optional(uid.getTab()->sumColumn(&m_ClockConfigTable, &m_Power));
+              },
           .overflow = ""};
 }
 
 std::string KVXEClockTab::managerOverflowText(const std::string& type) {
-  return "<html>" + type + " utilization exceeds 100%.\nPlease review the usage in Clock Managers table.</html>";
+  return "<html>" + type +
+         " utilization exceeds 100%.\nPlease review the usage in Clock Managers table.</html>";
 }
 
 float KVXEClockTab::getClkMgrPower(const KVXEUID& uid, const std::string& type) {

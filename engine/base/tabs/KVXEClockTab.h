@@ -10,10 +10,10 @@
 
 /// The tab of the design's clocks, from which every other estimation tab takes its clock frequencies.
 ///
-/// A tab refers to a clock by its tag, "250.000 MHz (sys_clk)" (kvxe::ClockTag), which it holds as the text of a
-/// cell of its own; the power of its rows reads the frequency from that text and nothing else of this tab. A
-/// column is a clock column when its formula is updateClockDropdown: that alone gives it the list of all tags,
-/// makes it follow a clock that is renamed, and links its cells to the clocks they name.
+/// A tab refers to a clock by its tag, "250.000 MHz (sys_clk)" (kvxe::ClockTag), which it holds as the text
+/// of a cell of its own; the power of its rows reads the frequency from that text and nothing else of this
+/// tab. A column is a clock column when its formula is updateClockDropdown: that alone gives it the list of
+/// all tags, makes it follow a clock that is renamed, and links its cells to the clocks they name.
 ///
 /// How it fits together, one cell at a time, so that no formula reads a column for each of many rows:
 ///  - the tag cell of a clock row makes the tag of its name and frequency;
@@ -26,7 +26,7 @@ class KVXEClockTab : public KVXETab {
   static const KVXETitle m_ClockConfigTable, m_ClkMgrTable;
   static const KVXETitle m_Name, m_Source, m_ClockFreq, m_Fanout, m_FanoutPerSite, m_ClkBufEnable,
       m_SliceClkEnable, m_VccintPwr, m_VccramPwr, m_ClockMgr, m_ClockTag, m_UserComments;
-  static const KVXETitle m_ClkMgrType, m_VccioPwr, m_VccauxPwr;              // of the clock manager table
+  static const KVXETitle m_ClkMgrType, m_VccioPwr, m_VccauxPwr;            // of the clock manager table
   static const KVXETitle m_ClockTagTable, m_TagCount, m_ClockColumnCount;  // hidden, one row
 
   static const std::string m_FsynStr, m_PllStr, m_DpllStr, m_IopllStr, m_Y7PllStr, m_ClockStr;
@@ -84,7 +84,8 @@ class KVXEClockTab : public KVXETab {
   };
   /// Nothing for a row without a frequency, without loads or without a voltage.
   static std::optional<ClockRow> readClockRow(const KVXEUID& uid);
-  /// Fills the fanout of a clock record, and what the whole design uses, from the other tabs' utilization tables.
+  /// Fills the fanout of a clock record, and what the whole design uses, from the other tabs' utilization
+  /// tables.
   template <class Params>
   static void fillLoads(const KVXEUID& uid, const ClockRow& clock, Params& params) {
     using I = typename Params::IntEnum;
@@ -120,11 +121,12 @@ class KVXEClockTab : public KVXETab {
   /// The row for the clock managers that `Type` names.
   template <const std::string& Type>
   static kvxe::UtilizationRow managerUtilizationRow() {
-    return {.type = Type,
-            .resource = Type,
-            .countUsed = [](const KVXEUID& uid) { return std::optional(float(getNumClkMgrsUsed(uid, Type))); },
-            .sumPower = [](const KVXEUID& uid) { return std::optional(getClkMgrPower(uid, Type)); },
-            .overflow = managerOverflowText(Type)};
+    return {
+        .type = Type,
+        .resource = Type,
+        .countUsed = [](const KVXEUID& uid) { return std::optional(float(getNumClkMgrsUsed(uid, Type))); },
+        .sumPower = [](const KVXEUID& uid) { return std::optional(getClkMgrPower(uid, Type)); },
+        .overflow = managerOverflowText(Type)};
   }
 
  private:
@@ -155,6 +157,6 @@ class KVXEClockTab : public KVXETab {
   void refreshTagIndex();
 
   TagIndex m_tagRows;
-  std::vector<std::string> m_tags;                                 // distinct, in the order of the rows
+  std::vector<std::string> m_tags;                                // distinct, in the order of the rows
   std::vector<std::pair<std::string, std::string>> m_tagChanges;  // since the index was made: (old, new)
 };

@@ -1,4 +1,5 @@
-// Clock tags: how they come about, reach the drop-down lists of other tabs, and follow a clock that is renamed.
+// Clock tags: how they come about, reach the drop-down lists of other tabs, and follow a clock that is
+// renamed.
 
 #include "engine/base/calculation/KVXECalculationMgr.h"
 #include "engine/base/config/ClockTag.h"
@@ -13,8 +14,8 @@ using KVXEEnums::TabType;
 
 namespace {
 
-/// While it lives, what happens to the cell is an evaluation of the cell's own: it makes no edges with the cells
-/// that the running formula reads and writes.
+/// While it lives, what happens to the cell is an evaluation of the cell's own: it makes no edges with the
+/// cells that the running formula reads and writes.
 class OwnEvaluation {
  public:
   explicit OwnEvaluation(KVXECell* cell) : m_cell(cell) { report(KVXECalculationMgr::BEGIN_EVAL); }
@@ -47,8 +48,8 @@ void forEachClockColumn(KVXEBook* book, Visit visit) {
   }
 }
 
-/// Puts a text into a cell as if its owner had chosen it: the source of the value stays, and what depends on the
-/// cell is evaluated once more.
+/// Puts a text into a cell as if its owner had chosen it: the source of the value stays, and what depends on
+/// the cell is evaluated once more.
 void carryInto(KVXECell* cell, const std::string& text) {
   const KVXEEnums::ValueSource source = cell->getValueSource();
   cell->setValAndState(text, cell->getState());
@@ -70,9 +71,11 @@ void KVXEClockTab::updateClockTagRow(const KVXEUID& uid) {
   const bool hasName = uid.getRow()->getCell(&m_Name)->getVal(name, true);
   float megahertz = 0.0f;
   const bool hasFrequency = uid.getRow()->getCell(&m_ClockFreq)->getVal(megahertz, true);
-  const std::string tag = hasName && hasFrequency ? kvxe::ClockTag::construct(name, megahertz) : std::string();
+  const std::string tag =
+      hasName && hasFrequency ? kvxe::ClockTag::construct(name, megahertz) : std::string();
   const std::string& old = cell->readVal(false);
-  if (auto* tab = dynamic_cast<KVXEClockTab*>(uid.getTab()); tab && tag != old) tab->m_tagChanges.emplace_back(old, tag);
+  if (auto* tab = dynamic_cast<KVXEClockTab*>(uid.getTab()); tab && tag != old)
+    tab->m_tagChanges.emplace_back(old, tag);
   cell->setValAndMarkEngineClean(tag);
 }
 
@@ -102,7 +105,8 @@ void KVXEClockTab::readClockTags() {
 }
 
 /// The tags that changed, by the old one. A tag that a clock has kept is none of them, nor is one that became
-/// blank: a clock that loses its name or frequency for a while must not take the choices of other tabs with it.
+/// blank: a clock that loses its name or frequency for a while must not take the choices of other tabs with
+/// it.
 KVXEClockTab::Renames KVXEClockTab::takeRenames() {
   const auto changes = std::exchange(m_tagChanges, {});
   boost::unordered_flat_map<std::string, unsigned int> arrivals;
@@ -119,8 +123,8 @@ KVXEClockTab::Renames KVXEClockTab::takeRenames() {
   return renames;
 }
 
-/// One sweep for all renames, so that two clocks may swap their names. The cells are found by their columns and
-/// not by the graph, which knows no dependents while it is learned anew.
+/// One sweep for all renames, so that two clocks may swap their names. The cells are found by their columns
+/// and not by the graph, which knows no dependents while it is learned anew.
 void KVXEClockTab::carryRenames(const Renames& renames) {
   if (renames.empty()) return;
   forEachClockColumn(getBook(), [&](KVXETable* table, unsigned int column) {
@@ -165,7 +169,8 @@ void KVXEClockTab::updateClockDropdown(const KVXEUID& uid) {
     tab->refreshTagIndex();
     const auto found = tab->m_tagRows.find(cell->readVal(false));
     KVXETable* table = tab->getTable(&m_ClockConfigTable);
-    KVXECell* tag = found != tab->m_tagRows.end() ? table->getCellAt(found->second.first, &m_ClockTag) : nullptr;
+    KVXECell* tag =
+        found != tab->m_tagRows.end() ? table->getCellAt(found->second.first, &m_ClockTag) : nullptr;
     if (std::string text; tag) tag->getVal(text, true);
   }
   uid.getCell()->markEngineClean();

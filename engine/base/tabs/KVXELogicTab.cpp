@@ -52,14 +52,18 @@ void KVXELogicTab::initTables(KVXEFormula logicPower, KVXEFormula signalPower) {
 
 void KVXELogicTab::initLogicConfigTable(KVXEFormula logicPower, KVXEFormula signalPower) {
   const KVXEColumn columns[] = {
-      {.title = &m_Name, .type = STRING, .isEditable = true, .toolTip = "<html>The name of this module.</html>"},
+      {.title = &m_Name,
+       .type = STRING,
+       .isEditable = true,
+       .toolTip = "<html>The name of this module.</html>"},
       {.title = &m_Clock,
        .type = STRING,
        .isEditable = true,
        .formula = &KVXEClockTab::updateClockDropdown,
        .isDropdown = true,
-       .toolTip = "<html>The clock of this module, from the clock tab.\nA module without a clock has no dynamic "
-                  "power.</html>"},
+       .toolTip =
+           "<html>The clock of this module, from the clock tab.\nA module without a clock has no dynamic "
+           "power.</html>"},
       countColumn(m_LutAsLogic, "<html>The number of LUTs that this module uses as logic.</html>"),
       countColumn(m_LutAsSRL, "<html>The number of LUTs that this module uses as shift registers.</html>"),
       countColumn(m_LutAsDRAM, "<html>The number of LUTs that this module uses as distributed RAMs.</html>"),
@@ -71,8 +75,10 @@ void KVXELogicTab::initLogicConfigTable(KVXEFormula logicPower, KVXEFormula sign
        .number = DefaultToggleRate,
        .minimum = 0,
        .maximum = 2,
-       .toolTip = "<html>The rate at which the outputs of this module switch, relative to the clock.\n100% is one "
-                  "transition in each clock cycle; most logic lies below 25%, a free running toggle at 100%.</html>"},
+       .toolTip =
+           "<html>The rate at which the outputs of this module switch, relative to the clock.\n100% is one "
+           "transition in each clock cycle; most logic lies below 25%, a free running toggle at "
+           "100%.</html>"},
       {.title = &m_RoutingComplexity,
        .type = FLOAT,
        .isEditable = true,
@@ -84,7 +90,8 @@ void KVXELogicTab::initLogicConfigTable(KVXEFormula logicPower, KVXEFormula sign
        .type = FLOAT,
        .formula = &updateVccintPowerRow,
        .unit = Unit::POWER_SHOW,
-       .toolTip = "<html>The power that this module draws from the core supply: its logic and its signals.</html>"},
+       .toolTip =
+           "<html>The power that this module draws from the core supply: its logic and its signals.</html>"},
       {.title = &m_UserComments, .type = STRING, .isEditable = true, .toolTip = "Any text of your own."},
       {.title = &m_LogicPower,
        .type = FLOAT,
@@ -179,8 +186,10 @@ const std::vector<kvxe::UtilizationRow>& utilizationRows() {
       {KVXELogicTab::m_RegistersStr, "FF", &sumOfColumn<KVXELogicTab::m_Registers>, nullptr, overflow},
       {KVXELogicTab::m_LutsStr, "LUT", &sumOfLutRows, nullptr, overflow},
       {KVXELogicTab::m_LogicStr, "LUT", &sumOfColumn<KVXELogicTab::m_LutAsLogic>, nullptr, overflow},
-      {KVXELogicTab::m_ShiftRegistersStr, "LUTRAM", &sumOfColumn<KVXELogicTab::m_LutAsSRL>, nullptr, overflow},
-      {KVXELogicTab::m_DistributedRamsStr, "LUTRAM", &sumOfColumn<KVXELogicTab::m_LutAsDRAM>, nullptr, overflow},
+      {KVXELogicTab::m_ShiftRegistersStr, "LUTRAM", &sumOfColumn<KVXELogicTab::m_LutAsSRL>, nullptr,
+       overflow},
+      {KVXELogicTab::m_DistributedRamsStr, "LUTRAM", &sumOfColumn<KVXELogicTab::m_LutAsDRAM>, nullptr,
+       overflow},
   };
   return rows;
 }

@@ -26,8 +26,8 @@ class KVXELogicTab : public KVXETab {
   static void updateUtilizationTable(const KVXEUID& uid);
 
  protected:
-  /// What a row that has power uses, as the models take it; nothing for a row without a clock frequency, without
-  /// a voltage, or with nothing used.
+  /// What a row that has power uses, as the models take it; nothing for a row without a clock frequency,
+  /// without a voltage, or with nothing used.
   struct LogicRow {
     float megahertz = 0.0f;
     float volts = 0.0f;

@@ -32,8 +32,8 @@ std::optional<float> readClockFrequency(KVXERow* row, const KVXETitle& column) {
 }
 
 std::optional<float> readVoltage(const KVXEUID& uid, const std::string& rail) {
-  KVXECell* cell = uid.getTab()->lookup<std::string>(&KVXETab::m_PowerTable, rail, &KVXETab::m_InternalRailColumn,
-                                                     &KVXETab::m_VoltageColumn, false);
+  KVXECell* cell = uid.getTab()->lookup<std::string>(
+      &KVXETab::m_PowerTable, rail, &KVXETab::m_InternalRailColumn, &KVXETab::m_VoltageColumn, false);
   float volts = 0.0f;
   if (!cell || !cell->getVal(volts, true)) return std::nullopt;
   return volts;
@@ -44,8 +44,8 @@ namespace {
 float readUtilizationTable(const KVXEUID& uid, KVXEEnums::TabType tab, const std::string& type,
                            const KVXETitle& column) {
   if (!uid.getBook()->getTable(tab, &KVXETab::m_UtilTable)) return 0.0f;
-  KVXECell* cell =
-      uid.getBook()->lookup<std::string>(tab, &KVXETab::m_UtilTable, type, &KVXETab::m_TypeColumn, &column, false);
+  KVXECell* cell = uid.getBook()->lookup<std::string>(tab, &KVXETab::m_UtilTable, type,
+                                                      &KVXETab::m_TypeColumn, &column, false);
   float value = 0.0f;
   return cell && cell->getVal(value, true) ? value : 0.0f;
 }

@@ -9,11 +9,12 @@
 
 class KVXETitle;
 
-/// What the power formulas of the estimation tabs read and write again and again. Every read evaluates a dirty
-/// cell first and is learned as a dependency.
+/// What the power formulas of the estimation tabs read and write again and again. Every read evaluates a
+/// dirty cell first and is learned as a dependency.
 namespace kvxe {
 
-/// Whether the formula runs in the table it was written for; a mismatch is reported with what was being updated.
+/// Whether the formula runs in the table it was written for; a mismatch is reported with what was being
+/// updated.
 bool isInTable(const KVXEUID& uid, const KVXETitle& table, const char* updated);
 
 /// The number in a column of the row, `ifBlank` for a blank cell.

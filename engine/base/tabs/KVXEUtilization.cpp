@@ -34,7 +34,8 @@ void updateShare(const KVXEUID& uid, const UtilizationRow& row) {
 
 }  // namespace
 
-std::vector<KVXETab::UtilizationTableRow> toTableRows(std::span<const UtilizationRow> rows, KVXEFormula formula) {
+std::vector<KVXETab::UtilizationTableRow> toTableRows(std::span<const UtilizationRow> rows,
+                                                      KVXEFormula formula) {
   std::vector<KVXETab::UtilizationTableRow> tableRows;
   for (const UtilizationRow& row : rows) tableRows.push_back({row.type, formula});
   return tableRows;

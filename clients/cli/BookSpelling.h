@@ -1,0 +1,45 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/base/workbook/KVXEBook.h"
+#include "engine/base/workbook/KVXETab.h"
+#include "engine/base/workbook/KVXETable.h"
+
+/// Finds the parts of a workbook by any spelling of their names. All knowledge of what a workbook contains comes
+/// from the book itself, so a tab is usable the day it exists.
+namespace kvx {
+
+/// A tab that the selected device has; null for any other name.
+KVXETab* findTab(const KVXEBook& book, std::string_view name);
+/// The names of the tabs that have a table to fill, as they are written in a sheet.
+std::vector<std::string> tabNames(const KVXEBook& book);
+
+/// A table of the tab that the user sees; null for any other name.
+KVXETable* findTable(const KVXETab& tab, std::string_view name);
+/// The tab's first table whose rows the user makes; null when it has none.
+KVXETable* findMainTable(const KVXETab& tab);
+/// The names of the tables as they are written in a sheet.
+std::vector<std::string> tableNames(const KVXETab& tab);
+
+/// A column by any spelling; where several have it, the first that the user edits.
+std::optional<unsigned int> findColumn(const KVXETable& table, std::string_view name);
+/// The names of the columns that the user edits, as they are written in a sheet.
+std::vector<std::string> editableColumnNames(const KVXETable& table);
+/// The name of a column on screen.
+std::string columnTitle(const KVXETable& table, unsigned int column);
+/// The default cell of a column.
+KVXECell* columnCell(const KVXETable& table, unsigned int column);
+
+/// The first data row whose text in that column is a spelling of `text`; 0 when there is none. A row with a place
+/// on screen is preferred.
+unsigned int findRow(const KVXETable& table, unsigned int column, std::string_view text);
+/// The texts of a column, without repetitions and blanks.
+std::vector<std::string> columnTexts(const KVXETable& table, unsigned int column);
+/// What a message calls the row: the text of its first text column, else its number.
+std::string rowName(const KVXETable& table, unsigned int row);
+
+}  // namespace kvx

@@ -1,0 +1,43 @@
+#include "clients/cli/Diagnostics.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace kvx {
+
+namespace {
+
+constexpr std::size_t MostPrinted = 200;  // a sheet that is wrong throughout need not fill the terminal
+
+}  // namespace
+
+std::size_t Diagnostics::sourceOf(const std::string& name) {
+  const auto found = std::find(m_sources.begin(), m_sources.end(), name);
+  if (found != m_sources.end()) return static_cast<std::size_t>(found - m_sources.begin());
+  m_sources.push_back(name);
+  return m_sources.size() - 1;
+}
+
+void Diagnostics::add(const Place& place, const std::string& what, const std::string& remedy) {
+  std::string text = place.source + ":";
+  if (place.line > 0) text += std::to_string(place.line) + ":";
+  text += " " + what;
+  if (!remedy.empty()) text += "; " + remedy;
+  m_entries.push_back({sourceOf(place.source), place.line, std::move(text)});
+}
+
+void Diagnostics::addLine(const std::string& line) {
+  m_entries.push_back({sourceOf(""), 0, line});
+}
+
+void Diagnostics::print(std::ostream& out) const {
+  std::vector<const Entry*> entries;
+  for (const Entry& entry : m_entries) entries.push_back(&entry);
+  std::stable_sort(entries.begin(), entries.end(), [](const Entry* a, const Entry* b) {
+    return std::tie(a->source, a->line) < std::tie(b->source, b->line);
+  });
+  for (std::size_t i = 0; i < entries.size() && i < MostPrinted; ++i) out << entries[i]->text << '\n';
+  if (entries.size() > MostPrinted) out << "... and " << entries.size() - MostPrinted << " more\n";
+}
+
+}  // namespace kvx

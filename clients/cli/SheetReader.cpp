@@ -1,0 +1,272 @@
+#include "clients/cli/SheetReader.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <fstream>
+#define TOML_HEADER_ONLY 1
+#include <toml++/toml.h>
+
+#include "clients/cli/Spelling.h"
+#include "models/common/KVXMHelperUtils.h"
+
+namespace kvx {
+
+std::string describeValue(const SheetValue& value) {
+  if (const auto* text = std::get_if<std::string>(&value)) return quoted(*text);
+  if (const auto* number = std::get_if<std::int64_t>(&value)) return std::to_string(*number);
+  if (const auto* number = std::get_if<double>(&value)) return KVXMHelperUtils::ToString(*number);
+  return std::get<bool>(value) ? "true" : "false";
+}
+
+namespace {
+
+// The parser's tables nest as deep as a dotted key, and it destroys them by recursion: a key of 100,000 dots
+// would end the process. A sheet needs two.
+constexpr unsigned int MostDotsInLine = 64;
+constexpr unsigned int MostUnreadableLines = 50;
+
+unsigned int lineOf(const toml::source_region& region) {
+  return std::max<unsigned int>(region.begin.line, 1);
+}
+
+/// Turns the parsed document into a Sheet.
+class DocumentReader {
+ public:
+  DocumentReader(Sheet& sheet, Diagnostics& diagnostics) : m_sheet(sheet), m_diagnostics(diagnostics) {}
+
+  void read(const toml::table& document) {
+    for (const auto& [key, node] : document) readTopLevel(key, node);
+    // The parser sorts keys; rows count in the order in which they were written.
+    std::stable_sort(m_sheet.rows.begin(), m_sheet.rows.end(),
+                     [](const SheetRow& a, const SheetRow& b) { return a.place.line < b.place.line; });
+  }
+
+ private:
+  Place placeOf(unsigned int line) const { return {m_sheet.place.source, line}; }
+  Place placeOf(const toml::key& key) const { return placeOf(lineOf(key.source())); }
+
+  void readTopLevel(const toml::key& key, const toml::node& node) {
+    const std::string name(key.str());
+    if (std::optional<Assignment>* setting = settingOf(name)) return readSetting(key, node, *setting);
+    if (isSameSpelling(name, "environment")) return readEnvironment(key, node);
+    if (const toml::array* rows = node.as_array(); rows && (rows->empty() || rows->is_array_of_tables()))
+      return readRows(*rows, name, "");
+    if (const toml::table* table = node.as_table()) return readTab(key, *table);
+    m_diagnostics.add(placeOf(key), quoted(name) + " is no setting of a sheet",
+                      adviseName(name, {"name", "part", "process", "environment"}) +
+                          " A row of a table begins with [[tab]]");
+  }
+
+  std::optional<Assignment>* settingOf(const std::string& name) {
+    if (isSameSpelling(name, "name")) return &m_sheet.name;
+    if (isSameSpelling(name, "part")) return &m_sheet.part;
+    if (isSameSpelling(name, "process")) return &m_sheet.process;
+    return nullptr;
+  }
+
+  void readSetting(const toml::key& key, const toml::node& node, std::optional<Assignment>& setting) {
+    const std::string name(key.str());
+    if (setting) return m_diagnostics.add(placeOf(key), quoted(name) + " is given twice", "keep one of them");
+    const auto text = node.value<std::string>();
+    setting = Assignment{name, text.value_or(""), placeOf(key)};
+    if (text) return;
+    m_sheet.isDamaged = true;
+    m_diagnostics.add(placeOf(key), quoted(name) + " has to be a text", "write " + name + " = \"...\"");
+  }
+
+  void readEnvironment(const toml::key& key, const toml::node& node) {
+    const toml::table* table = node.as_table();
+    if (!table)
+      return m_diagnostics.add(placeOf(key), "\"environment\" is a table of settings", "begin it with [environment]");
+    std::vector<Assignment> cells = readCells(*table);
+    for (Assignment& cell : cells) m_sheet.environment.push_back(std::move(cell));
+  }
+
+  /// `[tab]`: holds nothing but the rows of its tables.
+  void readTab(const toml::key& key, const toml::table& table) {
+    const std::string tab(key.str());
+    for (const auto& [name, node] : table) {
+      if (const toml::array* rows = node.as_array(); rows && (rows->empty() || rows->is_array_of_tables())) {
+        readRows(*rows, tab, std::string(name.str()));
+      } else if (node.is_table()) {
+        const std::string path = tab + "." + std::string(name.str());
+        m_diagnostics.add(placeOf(name), "[" + path + "] makes no row", "begin each row with [[" + path + "]]");
+      } else {
+        m_diagnostics.add(placeOf(name), quoted(name.str()) + " stands in no row",
+                          "begin each row of the tab with [[" + tab + "]]");
+      }
+    }
+  }
+
+  void readRows(const toml::array& rows, const std::string& tab, const std::string& table) {
+    for (const toml::node& node : rows) {
+      const toml::table& content = *node.as_table();
+      SheetRow row{tab, table, std::nullopt, {}, placeOf(lineOf(content.source()))};
+      bool hasTables = false;
+      for (const auto& [name, child] : content) {
+        const toml::array* inner = child.as_array();
+        if (!inner || inner->empty() || !inner->is_array_of_tables()) continue;
+        hasTables = true;
+        if (table.empty()) readRows(*inner, tab, std::string(name.str()));
+        else
+          m_diagnostics.add(placeOf(name), "rows stand in rows of " + quoted(table),
+                            "write [[tab]] or [[tab.table]], no deeper");
+      }
+      row.cells = readCells(content);
+      if (row.cells.empty() && !hasTables && !m_sheet.isDamaged)
+        m_diagnostics.add(row.place, "the row is empty", "give it at least one column, or remove it");
+      if (!row.cells.empty()) m_sheet.rows.push_back(std::move(row));
+    }
+  }
+
+  std::vector<Assignment> readCells(const toml::table& table) {
+    std::vector<Assignment> cells;
+    for (const auto& [key, node] : table) {
+      if (const toml::array* rows = node.as_array(); rows && !rows->empty() && rows->is_array_of_tables()) continue;
+      if (const auto value = readValue(node)) {
+        cells.push_back({std::string(key.str()), *value, placeOf(key)});
+      } else {
+        m_diagnostics.add(placeOf(key), quoted(key.str()) + " has a value that no cell can hold",
+                          "give a text in quotes, a number, true or false");
+      }
+    }
+    std::stable_sort(cells.begin(), cells.end(),
+                     [](const Assignment& a, const Assignment& b) { return a.place.line < b.place.line; });
+    return cells;
+  }
+
+  static std::optional<SheetValue> readValue(const toml::node& node) {
+    if (const auto* text = node.as_string()) return SheetValue(text->get());
+    if (const auto* number = node.as_integer()) return SheetValue(number->get());
+    if (const auto* number = node.as_floating_point()) return SheetValue(number->get());
+    if (const auto* truth = node.as_boolean()) return SheetValue(truth->get());
+    return std::nullopt;
+  }
+
+  Sheet& m_sheet;
+  Diagnostics& m_diagnostics;
+};
+
+/// The first line that has more dots outside of texts than any key of a sheet; 0 when there is none.
+unsigned int findDeepLine(std::string_view text) {
+  unsigned int line = 1, dots = 0;
+  char quote = 0;
+  bool isComment = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    if (c == '\n') {
+      ++line;
+      dots = 0;
+      quote = 0;
+      isComment = false;
+    } else if (isComment) {
+      continue;
+    } else if (quote) {
+      if (c == '\\' && quote == '"') ++i;
+      else if (c == quote) quote = 0;
+    } else if (c == '"' || c == '\'') {
+      quote = c;
+    } else if (c == '#') {
+      isComment = true;
+    } else if (c == '.' && ++dots > MostDotsInLine) {
+      return line;
+    }
+  }
+  return 0;
+}
+
+/// Blanks a line, so that the rest can be read. False for one that begins a row or a table: what follows it
+/// would end up elsewhere.
+bool blankLine(std::string& text, unsigned int line) {
+  std::size_t begin = 0;
+  for (; line > 1; --line) {
+    begin = text.find('\n', begin);
+    if (begin == std::string::npos) return false;
+    ++begin;
+  }
+  const std::size_t end = std::min(text.find('\n', begin), text.size());
+  const std::size_t first = text.find_first_not_of(" \t", begin);
+  if (first >= end || text[first] == '[') return false;
+  std::fill(text.begin() + static_cast<std::ptrdiff_t>(begin), text.begin() + static_cast<std::ptrdiff_t>(end), ' ');
+  return true;
+}
+
+std::string describeFailure(const toml::parse_error& failure) {
+  std::string_view text = failure.description();
+  constexpr std::string_view Prefix = "Error while parsing ";
+  if (text.starts_with(Prefix)) text.remove_prefix(Prefix.size());
+  return "not readable as TOML: " + std::string(text);
+}
+
+/// Reads as much as can be read: an unreadable line is reported and left out.
+std::optional<toml::table> parseAsFarAsPossible(std::string& text, Sheet& sheet, Diagnostics& diagnostics) {
+  unsigned int lastLine = 0;
+  for (unsigned int i = 0; i < MostUnreadableLines; ++i) {
+    try {
+      return toml::parse(std::string_view(text), std::string_view(sheet.place.source));
+    } catch (const toml::parse_error& failure) {
+      const unsigned int line = lineOf(failure.source());
+      sheet.isDamaged = true;
+      diagnostics.add({sheet.place.source, line}, describeFailure(failure),
+                      "texts and numbers with a unit stand in quotes, and a key stands once in a row");
+      if (line <= lastLine || !blankLine(text, line)) return std::nullopt;
+      lastLine = line;
+    }
+  }
+  return std::nullopt;
+}
+
+std::optional<std::string> refuse(const std::string& path, Diagnostics& diagnostics, const std::string& what,
+                                  const std::string& remedy) {
+  diagnostics.add({path, 1}, what, remedy);
+  return std::nullopt;
+}
+
+/// The file's text, read no further than one byte past the limit.
+std::optional<std::string> readText(const std::string& path, Diagnostics& diagnostics) {
+  const std::string remedy = "give the path of a design sheet";
+  struct stat status {};
+  if (stat(path.c_str(), &status) != 0)
+    return refuse(path, diagnostics, std::string("cannot be opened: ") + std::strerror(errno), remedy);
+  if (S_ISDIR(status.st_mode)) return refuse(path, diagnostics, "is a directory", remedy);
+  const std::string tooLarge = "is larger than a design sheet may be";
+  const std::string largest = "16 MB is the limit";
+  if (S_ISREG(status.st_mode) && static_cast<unsigned long long>(status.st_size) > LargestSheetBytes)
+    return refuse(path, diagnostics, tooLarge, largest);
+  std::ifstream file(path, std::ios::binary);
+  if (!file) return refuse(path, diagnostics, std::string("cannot be opened: ") + std::strerror(errno), remedy);
+  std::string text;
+  char block[1 << 16];
+  while (text.size() <= LargestSheetBytes && (file.read(block, sizeof block) || file.gcount() > 0))
+    text.append(block, static_cast<std::size_t>(file.gcount()));
+  if (file.bad()) return refuse(path, diagnostics, "cannot be read", "check the disk");
+  if (text.size() > LargestSheetBytes) return refuse(path, diagnostics, tooLarge, largest);
+  if (text.find('\0') != std::string::npos) return refuse(path, diagnostics, "is no text file", remedy);
+  return text;
+}
+
+}  // namespace
+
+Sheet readSheetText(std::string text, const std::string& source, Diagnostics& diagnostics) {
+  Sheet sheet;
+  sheet.place = {source, 1};
+  if (const unsigned int line = findDeepLine(text)) {
+    sheet.isDamaged = true;
+    diagnostics.add({source, line}, "a key has too many parts", "write [[tab]] or [[tab.table]]");
+    return sheet;
+  }
+  const auto document = parseAsFarAsPossible(text, sheet, diagnostics);
+  if (document) DocumentReader(sheet, diagnostics).read(*document);
+  return sheet;
+}
+
+std::optional<Sheet> readSheetFile(const std::string& path, Diagnostics& diagnostics) {
+  auto text = readText(path, diagnostics);
+  if (!text) return std::nullopt;
+  return readSheetText(std::move(*text), path, diagnostics);
+}
+
+}  // namespace kvx
