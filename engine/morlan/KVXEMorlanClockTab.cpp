@@ -65,6 +65,7 @@ void KVXEMorlanClockTab::updateClockConfigPowerRow(const KVXEUID& uid) {
   fillLoads(uid, *clock, params);
   fillActivity(*clock, params);
   KVXMMorlanClockModel::getGlobal().calculate(params);
+  logDetails(*clock, params[F::VCCINT_POWER], 0.0f);
   kvxe::writeResult(uid.getRow(), m_VccintPwr, params[F::VCCINT_POWER]);
   kvxe::writeResult(uid.getRow(), m_Power, params[F::VCCINT_POWER]);
 }

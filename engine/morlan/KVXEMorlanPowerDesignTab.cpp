@@ -8,9 +8,9 @@
 std::span<const KVXEPowerDesignTab::DeviceRow> KVXEMorlanPowerDesignTab::deviceRows() const {
   using Selection = KVXEMorlanPartSelection;
   static const DeviceRow rows[] = {
-      {"Family", Selection::m_familyStr},    {"Device Grade", Selection::m_deviceGradeStr},
-      {"Device", Selection::m_devStr},       {"Package", Selection::m_pkgStr},
-      {"Speed", Selection::m_spdGradeStr},   {"Temperature", Selection::m_tempGradeStr},
+      {"Family", Selection::m_familyStr},   {"Device Grade", Selection::m_deviceGradeStr},
+      {"Device", Selection::m_devStr},      {"Package", Selection::m_pkgStr},
+      {"Speed", Selection::m_spdGradeStr},  {"Temperature", Selection::m_tempGradeStr},
       {"Process", Selection::m_processStr},
   };
   return rows;

@@ -136,6 +136,7 @@ void KVXETarvekClockTab::updateClockConfigPowerRow(const KVXEUID& uid) {
 
   const float vccint = distribution[Dist::VCCINT_POWER] + pins[Pins::VCCINT_POWER];
   const float vccram = distribution[Dist::VCCRAM_POWER];
+  logDetails(*clock, vccint, vccram);
   kvxe::writeResult(uid.getRow(), m_VccintPwr, vccint);
   kvxe::writeResult(uid.getRow(), m_VccramPwr, vccram);
   kvxe::writeResult(uid.getRow(), m_Power, vccint + vccram);

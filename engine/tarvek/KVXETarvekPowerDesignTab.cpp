@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#if __has_include("engine/base/tabs/KVXESummaryTab.h")
+#if 0
 #include "engine/base/tabs/KVXESummaryTab.h"
 #else
 struct KVXESummaryTab { static inline const KVXETitle m_rcxTableHeader{"A"}, m_rcxTypeColumn{"A"}, m_rcxOptionColumn{"A"}; static inline const std::string m_junctionTempStr="Junction Temperature",  m_rcxUsageStr="E"; };
@@ -17,13 +17,15 @@ namespace {
 
 using StringEnum = KVXMTarvekStaticParams::StringEnum;
 
-constexpr float ColdVccint = 0.725f;    // volts that a low voltage part needs when it is cold
-constexpr float ColdJunction = 25.0f;   // degrees C
+constexpr float ColdVccint = 0.725f;   // volts that a low voltage part needs when it is cold
+constexpr float ColdJunction = 25.0f;  // degrees C
 constexpr float VoltageTolerance = std::numeric_limits<float>::epsilon();
 
 const char* const coldVoltageMsg =
-    "Junction Temperature is currently set or calculated to 25C or less, to correctly estimate Total power at this "
-    "temperature in a -2L I Device with DVS (Dynamic Voltage Scaling) set the VCCINT voltage to 0.725v, adjust the "
+    "Junction Temperature is currently set or calculated to 25C or less, to correctly estimate Total power "
+    "at this "
+    "temperature in a -2L I Device with DVS (Dynamic Voltage Scaling) set the VCCINT voltage to 0.725v, "
+    "adjust the "
     "Nominal voltage to 0.725v in the Power Supply Design Table below";
 
 }  // namespace

@@ -10,7 +10,8 @@ namespace kvxm {
 namespace {
 
 constexpr double absoluteZero = -273.15;
-// A rail this far above its reference voltage is a typing error; the law is held there so that results stay finite.
+// A rail this far above its reference voltage is a typing error; the law is held there so that results stay
+// finite.
 constexpr double mostOvervoltage = 4.0;
 // Share of the spread between typical and maximum process that parts selected for low static power keep.
 constexpr double lowScreenSpread = 0.5;
@@ -72,7 +73,8 @@ ThermalPath pathOf(Record& params) {
 /// The temperature at which the powers are given. Beyond the absolute maximum it stays there, with a status.
 double junctionOf(Record& params, const StaticResult& result) {
   int& status = *params.findInt(StaticKey::JUNCTION_STATUS);
-  const bool isSolved = *params.findInt(StaticKey::SOLVE_JUNCTION) && !*params.findInt(StaticKey::JUNCTION_OVERRIDE);
+  const bool isSolved =
+      *params.findInt(StaticKey::SOLVE_JUNCTION) && !*params.findInt(StaticKey::JUNCTION_OVERRIDE);
   ThermalResult thermal{ThermalStatus::Converged, *params.findFloat(StaticKey::JUNCTION_TEMP)};
   if (isSolved) {
     thermal = solveJunctionTemperature(pathOf(params), [&](double t) { return deviceLeakage(result, t); });
@@ -84,11 +86,13 @@ double junctionOf(Record& params, const StaticResult& result) {
   return isValid ? clampedTemperature(thermal.temperature) : absoluteMaximumJunction;
 }
 
-/// The highest ambient at which the junction settles no higher than `highest`. The ambient that belongs to a junction
-/// temperature, T - theta * (Pd + leakage(T)), rises up to the point where leakage heats as fast as the path cools and
-/// falls behind it: that point decides where it lies below `highest`.
+/// The highest ambient at which the junction settles no higher than `highest`. The ambient that belongs to a
+/// junction temperature, T - theta * (Pd + leakage(T)), rises up to the point where leakage heats as fast as
+/// the path cools and falls behind it: that point decides where it lies below `highest`.
 double maxAmbient(const ThermalPath& path, const StaticResult& result, double highest) {
-  const auto ambientOf = [&](double t) { return t - path.thetaJa * (path.dynamicWatts + deviceLeakage(result, t)); };
+  const auto ambientOf = [&](double t) {
+    return t - path.thetaJa * (path.dynamicWatts + deviceLeakage(result, t));
+  };
   constexpr double step = 0.01;
   const auto rises = [&](double t) { return ambientOf(t) >= ambientOf(t - step); };
   if (rises(highest)) return ambientOf(highest);
@@ -110,7 +114,6 @@ void describeJunction(Record& params, const StaticResult& result, double junctio
     if (rail.block != StaticBlock::Hbm && rail.supply->rail != "VCCINT") nonInt += rail.watts(junction);
   }
   const double highest = clampedTemperature(*params.findFloat(StaticKey::MAX_JUNCTION_TEMP));
-  *params.findFloat(StaticKey::JUNCTION_RESULT) = toFloat(junction);
   *params.findFloat(StaticKey::INITIAL_TEMP) = heated(path.dynamicWatts);
   *params.findFloat(StaticKey::TEMP_AT_25) = heated(path.dynamicWatts + deviceLeakage(result, 25.0));
   *params.findFloat(StaticKey::NON_INT_LEAKAGE) = toFloat(nonInt);
@@ -180,7 +183,8 @@ StaticResult calculateStatic(Record& params, std::span<const StaticBlockRule> ru
   StaticResult result = railsOf(params, device ? *device : unknown, rules, adjustment);
   const double junction = junctionOf(params, result);
   sumUp(params, result, junction);
-  describeJunction(params, result, junction);
+  *params.findFloat(StaticKey::JUNCTION_RESULT) = toFloat(junction);
+  if (*params.findInt(StaticKey::SOLVE_JUNCTION)) describeJunction(params, result, junction);
   return result;
 }
 

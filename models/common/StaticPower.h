@@ -8,9 +8,9 @@
 #include "models/catalogue/DeviceCatalogue.h"
 #include "models/common/ParamsRecord.h"
 
-/// Static power of a device: what its rails leak at their voltages and the junction temperature, and the junction
-/// temperature that leakage and dynamic power settle at. The architectures' static models are this calculation with
-/// slots of their own.
+/// Static power of a device: what its rails leak at their voltages and the junction temperature, and the
+/// junction temperature that leakage and dynamic power settle at. The architectures' static models are this
+/// calculation with slots of their own.
 namespace kvxm {
 
 /// The keys of the shared slots by name, for code that fills the record of any architecture.
@@ -30,10 +30,21 @@ inline constexpr std::size_t mostStaticRails = 64;
 inline constexpr double absoluteMaximumJunction = 125.0;
 
 /// The blocks into which static power is split. Every rail belongs to one.
-enum class StaticBlock { ProgrammableLogic, ProcessingSystem, VectorEngine, NetworkOnChip, XcvrA, XcvrB, XcvrC, XcvrD,
-                         Hbm, Count };
+enum class StaticBlock {
+  ProgrammableLogic,
+  ProcessingSystem,
+  VectorEngine,
+  NetworkOnChip,
+  XcvrA,
+  XcvrB,
+  XcvrC,
+  XcvrD,
+  Hbm,
+  Count
+};
 
-/// One line of the table that gives a rail its block: the first that fits counts. A blank part fits every rail.
+/// One line of the table that gives a rail its block: the first that fits counts. A blank part fits every
+/// rail.
 struct StaticBlockRule {
   std::string_view category;
   std::string_view railPrefix;
@@ -68,13 +79,13 @@ struct StaticResult {
 
 /// What makes a device leak more or less than its process says.
 struct StaticAdjustment {
-  bool isLowScreen = false;           ///< parts selected for low static power
-  std::string_view scaledRail = {};   ///< a rail whose leakage is multiplied
+  bool isLowScreen = false;          ///< parts selected for low static power
+  std::string_view scaledRail = {};  ///< a rail whose leakage is multiplied
   double railFactor = 1.0;
 };
 
-/// Reads the shared input slots of a static record and writes its shared output slots. An unknown device leaks
-/// nothing. Every result is finite.
+/// Reads the shared input slots of a static record and writes its shared output slots. An unknown device
+/// leaks nothing. Every result is finite.
 StaticResult calculateStatic(Record& params, std::span<const StaticBlockRule> rules,
                              const StaticAdjustment& adjustment = {});
 

@@ -7,12 +7,9 @@ namespace {
 using kvxm::StaticBlock;
 
 constexpr kvxm::StaticBlockRule blockRules[] = {
-    {"", "MXCVRB", StaticBlock::XcvrB},
-    {"LPD", "", StaticBlock::ProcessingSystem},
-    {"FPD", "", StaticBlock::ProcessingSystem},
-    {"XCVRA", "", StaticBlock::XcvrA},
-    {"XCVRC", "", StaticBlock::XcvrC},
-    {"HBM", "", StaticBlock::Hbm},
+    {"", "MXCVRB", StaticBlock::XcvrB},         {"LPD", "", StaticBlock::ProcessingSystem},
+    {"FPD", "", StaticBlock::ProcessingSystem}, {"XCVRA", "", StaticBlock::XcvrA},
+    {"XCVRC", "", StaticBlock::XcvrC},          {"HBM", "", StaticBlock::Hbm},
     {"", "", StaticBlock::ProgrammableLogic},
 };
 

@@ -12,16 +12,11 @@ using kvxm::StaticBlock;
 namespace {
 
 constexpr kvxm::StaticBlockRule blockRules[] = {
-    {"", "VCCME", StaticBlock::VectorEngine},
-    {"PMC", "", StaticBlock::ProcessingSystem},
-    {"LPD", "", StaticBlock::ProcessingSystem},
-    {"FPD", "", StaticBlock::ProcessingSystem},
-    {"BATT", "", StaticBlock::ProcessingSystem},
-    {"SYSTEM_CORE", "", StaticBlock::NetworkOnChip},
-    {"XCVRA", "", StaticBlock::XcvrA},
-    {"XCVRC", "", StaticBlock::XcvrC},
-    {"XCVRD", "", StaticBlock::XcvrD},
-    {"HBM", "", StaticBlock::Hbm},
+    {"", "VCCME", StaticBlock::VectorEngine},    {"PMC", "", StaticBlock::ProcessingSystem},
+    {"LPD", "", StaticBlock::ProcessingSystem},  {"FPD", "", StaticBlock::ProcessingSystem},
+    {"BATT", "", StaticBlock::ProcessingSystem}, {"SYSTEM_CORE", "", StaticBlock::NetworkOnChip},
+    {"XCVRA", "", StaticBlock::XcvrA},           {"XCVRC", "", StaticBlock::XcvrC},
+    {"XCVRD", "", StaticBlock::XcvrD},           {"HBM", "", StaticBlock::Hbm},
     {"", "", StaticBlock::ProgrammableLogic},
 };
 
@@ -58,8 +53,8 @@ constexpr SupplySlots xcvrdSlots[] = {{XCVRD_AVCC_CURRENT, XCVRD_AVCC_VOLTAGE},
                                       {XCVRD_AVTT_CURRENT, XCVRD_AVTT_VOLTAGE},
                                       {XCVRD_AUX_CURRENT, XCVRD_AUX_VOLTAGE}};
 
-/// Rails of one transceiver kind take its slots in catalogue order; what is left over is added to the last slot, so
-/// that the kind's power stays whole.
+/// Rails of one transceiver kind take its slots in catalogue order; what is left over is added to the last
+/// slot, so that the kind's power stays whole.
 void writeSupplies(KVXMTarvekStaticParams& params, const kvxm::StaticResult& result, StaticBlock block,
                    std::span<const SupplySlots> slots) {
   for (const SupplySlots& slot : slots) params[slot.current] = params[slot.voltage] = 0.0f;
@@ -83,7 +78,8 @@ void KVXMTarvekStaticModel::calculate(KVXMTarvekStaticParams& params) const {
   const kvxm::StaticResult result = kvxm::calculateStatic(params, blockRules, adjustment);
   params[MXE_STATIC_POWER] = result.watts(StaticBlock::VectorEngine);
   params[NOC_STATIC_POWER] = result.watts(StaticBlock::NetworkOnChip);
-  params[DEVICE_SCALE] = params[PROCESS_SCALE] = 1.0f;  // the leakage of each rail holds for device and process
+  params[DEVICE_SCALE] = params[PROCESS_SCALE] =
+      1.0f;  // the leakage of each rail holds for device and process
   writeSupplies(params, result, StaticBlock::XcvrA, xcvraSlots);
   writeSupplies(params, result, StaticBlock::XcvrC, xcvrcSlots);
   writeSupplies(params, result, StaticBlock::XcvrD, xcvrdSlots);

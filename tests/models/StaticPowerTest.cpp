@@ -121,9 +121,10 @@ TEST_P(StaticPower, MaximumProcessLeaksAtLeastAsMuchOnEveryRailAndBlock) {
   maximum.process("Maximum").calculate();
   for (int i = 0; i < static_cast<int>(kvxm::mostStaticRails); ++i)
     EXPECT_GE(maximum[StaticKey::RAIL_CURRENT_0 + i], typical[StaticKey::RAIL_CURRENT_0 + i]) << "rail " << i;
-  for (const int block : {StaticKey::PL_STATIC_POWER, StaticKey::PS_STATIC_POWER, StaticKey::XCVRA_STATIC_POWER,
-                          StaticKey::XCVRB_STATIC_POWER, StaticKey::XCVRC_STATIC_POWER, StaticKey::XCVRD_STATIC_POWER,
-                          StaticKey::HBM_STATIC_POWER})
+  for (const int block :
+       {StaticKey::PL_STATIC_POWER, StaticKey::PS_STATIC_POWER, StaticKey::XCVRA_STATIC_POWER,
+        StaticKey::XCVRB_STATIC_POWER, StaticKey::XCVRC_STATIC_POWER, StaticKey::XCVRD_STATIC_POWER,
+        StaticKey::HBM_STATIC_POWER})
     EXPECT_GE(maximum[block], typical[block]) << "block " << block;
   EXPECT_GT(maximum[StaticKey::STATIC_POWER], 1.4f * typical[StaticKey::STATIC_POWER]);
 }
@@ -139,7 +140,8 @@ TEST_P(StaticPower, RisesWithTemperatureAndVoltage) {
   ASSERT_GE(index, 0);
   before = -1.0f;
   for (float volts = 0.0f; volts < 1.0f; volts += 0.05f) {
-    const float watts = record().set(StaticKey::RAIL_VOLTAGE_0 + index, volts).calculate()[StaticKey::STATIC_POWER];
+    const float watts =
+        record().set(StaticKey::RAIL_VOLTAGE_0 + index, volts).calculate()[StaticKey::STATIC_POWER];
     EXPECT_GT(watts, before) << volts << " V";
     before = watts;
   }
@@ -205,7 +207,8 @@ TEST(StaticPower, AnswersWithoutADeviceAndToMistypedVoltages) {
   KVXMTarvekStaticModel::getGlobal().calculate(params);
   EXPECT_EQ(*params.findFloat(StaticKey::STATIC_POWER), 0.0f);
   StaticRecord r(kvxm::DeviceCatalogue::getGlobal().devices().front());
-  for (int i = 0; i < static_cast<int>(kvxm::mostStaticRails); ++i) r.set(StaticKey::RAIL_VOLTAGE_0 + i, 1e30f);
+  for (int i = 0; i < static_cast<int>(kvxm::mostStaticRails); ++i)
+    r.set(StaticKey::RAIL_VOLTAGE_0 + i, 1e30f);
   r.set(StaticKey::JUNCTION_TEMP, 1e6f).calculate();
   EXPECT_TRUE(std::isfinite(r[StaticKey::STATIC_POWER]));
   EXPECT_EQ(r.status(), 2);

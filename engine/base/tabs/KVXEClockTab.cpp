@@ -1,10 +1,13 @@
 #include "engine/base/tabs/KVXEClockTab.h"
 
 #include <cmath>
+#include <iostream>
 
+#include "engine/base/services/KVXEParamControlMgr.h"
 #include "engine/base/tabs/KVXELogicTab.h"
 #include "engine/base/tabs/KVXERowReading.h"
 #include "engine/base/workbook/KVXERow.h"
+#include "models/common/KVXMHelperUtils.h"
 
 using enum KVXEEnums::CellType;
 using KVXEEnums::GridComponentType;
@@ -174,6 +177,21 @@ KVXEClockTab::DesignUse KVXEClockTab::readDesignUse(const KVXEUID& uid) {
           .wideRams = used(TabType::WRAM, "WRAM"),
           .dsps = used(TabType::DSP, "DSP"),
           .ios = used(TabType::IO, "IO")};
+}
+
+void KVXEClockTab::logDetails(const ClockRow& clock, float vccintWatts, float vccramWatts) {
+  int isOn = 0;
+  if (!KVXEParamControlMgr::getGlobal().getParam("LOG_CLOCK_DETAILS", isOn) || isOn == 0) return;
+  const auto line = [](const char* name, float value) {
+    std::cout << "  " << name << " = " << KVXMHelperUtils::formatFixed(value, 6) << '\n';
+  };
+  std::cout << "Clock " << clock.tag << '\n' << "  fanout = " << clock.fanout << '\n';
+  line("fanout per site", clock.fanoutPerSite);
+  line("buffer enable", clock.bufferEnable);
+  line("slice enable", clock.sliceEnable);
+  line("VCCINT (V)", clock.volts);
+  line("VCCINT power (W)", vccintWatts);
+  line("VCCRAM power (W)", vccramWatts);
 }
 
 // Power by rail.

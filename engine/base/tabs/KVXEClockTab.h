@@ -110,6 +110,9 @@ class KVXEClockTab : public KVXETab {
     params[F::VCCINT] = clock.volts;
   }
 
+  /// Prints what went into the models and what came out, while the parameter LOG_CLOCK_DETAILS is on.
+  static void logDetails(const ClockRow& clock, float vccintWatts, float vccramWatts);
+
   /// The stored texts of a column without a dependency for the formula that asks, for what is decided once.
   static std::vector<std::string> peekColumn(KVXETable* table, const KVXETitle& column);
 
@@ -131,6 +134,10 @@ class KVXEClockTab : public KVXETab {
 
  private:
   /// The first row that holds a tag, and how many rows do.
+  struct TagChange {
+    std::string from, to;
+    KVXECell* cell;  ///< the tag's
+  };
   struct TagRows {
     unsigned int first = 0;
     unsigned int count = 0;
@@ -151,12 +158,13 @@ class KVXEClockTab : public KVXETab {
 
   static std::string managerOverflowText(const std::string& type);
   void readClockTags();
-  Renames takeRenames();
-  void carryRenames(const Renames& renames);
+  Renames findRenames(const std::vector<TagChange>& changes) const;
+  std::vector<KVXECell*> cellsThatMayName(const std::vector<TagChange>& changes);
+  void carryRenames(const Renames& renames, const std::vector<TagChange>& changes);
   /// Brings the index of tags up to date without a dependency for the formula that asks.
   void refreshTagIndex();
 
   TagIndex m_tagRows;
   std::vector<std::string> m_tags;                                // distinct, in the order of the rows
-  std::vector<std::pair<std::string, std::string>> m_tagChanges;  // since the index was made: (old, new)
+  std::vector<TagChange> m_tagChanges;  // since the index was made
 };

@@ -75,7 +75,7 @@ void KVXEClockTab::updateClockTagRow(const KVXEUID& uid) {
       hasName && hasFrequency ? kvxe::ClockTag::construct(name, megahertz) : std::string();
   const std::string& old = cell->readVal(false);
   if (auto* tab = dynamic_cast<KVXEClockTab*>(uid.getTab()); tab && tag != old)
-    tab->m_tagChanges.emplace_back(old, tag);
+    tab->m_tagChanges.push_back({old, tag, cell});
   cell->setValAndMarkEngineClean(tag);
 }
 
@@ -85,7 +85,8 @@ void KVXEClockTab::updateClockTagList(const KVXEUID& uid) {
   auto* tab = dynamic_cast<KVXEClockTab*>(uid.getTab());
   if (!tab || !kvxe::isInTable(uid, m_ClockTagTable, "list of clock tags")) return;
   tab->readClockTags();
-  tab->carryRenames(tab->takeRenames());
+  const std::vector<TagChange> changes = std::exchange(tab->m_tagChanges, {});
+  tab->carryRenames(tab->findRenames(changes), changes);
   uid.getCell()->setValAndMarkEngineClean(static_cast<int>(tab->m_tags.size()));
 }
 
@@ -107,12 +108,11 @@ void KVXEClockTab::readClockTags() {
 /// The tags that changed, by the old one. A tag that a clock has kept is none of them, nor is one that became
 /// blank: a clock that loses its name or frequency for a while must not take the choices of other tabs with
 /// it.
-KVXEClockTab::Renames KVXEClockTab::takeRenames() {
-  const auto changes = std::exchange(m_tagChanges, {});
+KVXEClockTab::Renames KVXEClockTab::findRenames(const std::vector<TagChange>& changes) const {
   boost::unordered_flat_map<std::string, unsigned int> arrivals;
-  for (const auto& [from, to] : changes) ++arrivals[to];
+  for (const TagChange& change : changes) ++arrivals[change.to];
   Renames renames;
-  for (const auto& [from, to] : changes) {
+  for (const auto& [from, to, cell] : changes) {
     if (from.empty() || to.empty()) continue;
     const auto holders = m_tagRows.find(from);
     const auto arrived = arrivals.find(from);
@@ -123,19 +123,35 @@ KVXEClockTab::Renames KVXEClockTab::takeRenames() {
   return renames;
 }
 
-/// One sweep for all renames, so that two clocks may swap their names. The cells are found by their columns
-/// and not by the graph, which knows no dependents while it is learned anew.
-void KVXEClockTab::carryRenames(const Renames& renames) {
-  if (renames.empty()) return;
+/// The cells of clock columns that may hold one of the old tags: while the graph holds, those that read the tag cells;
+/// while it is learned anew, all there are.
+std::vector<KVXECell*> KVXEClockTab::cellsThatMayName(const std::vector<TagChange>& changes) {
+  std::vector<KVXECell*> cells;
+  KVXECalculationMgr& calculation = KVXECalculationMgr::getGlobal();
+  if (calculation.getIsIncremental()) {
+    for (const TagChange& change : changes)
+      for (KVXECell* cell : calculation.getDirectDependents(change.cell))
+        if (cell->getFormula() == &updateClockDropdown) cells.push_back(cell);
+    std::sort(cells.begin(), cells.end());
+    cells.erase(std::unique(cells.begin(), cells.end()), cells.end());
+    return cells;
+  }
   forEachClockColumn(getBook(), [&](KVXETable* table, unsigned int column) {
-    for (unsigned int i = 1; i < table->getRowCount(); ++i) {
-      auto* cell = dynamic_cast<KVXEStringCell*>(table->getCellAt(i, column));
-      if (!cell || cell->isBlank()) continue;
-      const OwnEvaluation evaluation(cell);
-      const auto renamed = renames.find(cell->readVal(false));
-      if (renamed != renames.end()) carryInto(cell, renamed->second);
-    }
+    for (unsigned int i = 1; i < table->getRowCount(); ++i) cells.push_back(table->getCellAt(i, column));
   });
+  return cells;
+}
+
+/// All renames at once, each cell once, so that two clocks may swap their names.
+void KVXEClockTab::carryRenames(const Renames& renames, const std::vector<TagChange>& changes) {
+  if (renames.empty()) return;
+  for (KVXECell* candidate : cellsThatMayName(changes)) {
+    auto* cell = dynamic_cast<KVXEStringCell*>(candidate);
+    if (!cell || cell->isBlank()) continue;
+    const OwnEvaluation evaluation(cell);
+    const auto renamed = renames.find(cell->readVal(false));
+    if (renamed != renames.end()) carryInto(cell, renamed->second);
+  }
 }
 
 void KVXEClockTab::updateClockDropdownLists(const KVXEUID& uid) {

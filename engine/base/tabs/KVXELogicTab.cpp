@@ -1,5 +1,7 @@
 #include "engine/base/tabs/KVXELogicTab.h"
 
+#include <algorithm>
+
 #include "engine/base/tabs/KVXEClockTab.h"
 #include "engine/base/tabs/KVXERowReading.h"
 #include "engine/base/tabs/KVXEUtilization.h"

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+#include <string>
+
 #include "engine/base/workbook/KVXETab.h"
 
 /// The tab of the design's logic: LUTs in their three uses, and registers, one design module per row.

@@ -144,8 +144,8 @@ void KVXEPowerDesignTab::updatePowerSupplyTable(const KVXEUID& uid) {
   for (KVXECell* cell : {supply, minimum, maximum}) cell->markEngineClean();
 }
 
-/// The user's voltage stays until it is blanked; any other is the nominal one of the part. The value is in place
-/// before the checks run, since what they read may depend on it.
+/// The user's voltage stays until it is blanked; any other is the nominal one of the part. The value is in
+/// place before the checks run, since what they read may depend on it.
 void KVXEPowerDesignTab::updateVoltage(const KVXEUID& uid) {
   if (!isInSupplyTable(uid)) return;
   KVXECell* cell = uid.getCell();
@@ -154,7 +154,8 @@ void KVXEPowerDesignTab::updateVoltage(const KVXEUID& uid) {
   const float nominal = getNomVoltage(uid, rail);
   const ValueSource source = cell->getValueSource();
   float volts = nominal;
-  const bool isGiven = (source == ValueSource::USER || source == ValueSource::XML) && cell->getVal(volts, false);
+  const bool isGiven =
+      (source == ValueSource::USER || source == ValueSource::XML) && cell->getVal(volts, false);
   if (nominal == 0.0f) {
     cell->setBlankAndMarkEngineClean();
   } else if (isGiven) {
@@ -191,7 +192,8 @@ void KVXEPowerDesignTab::updateStepLoad(const KVXEUID& uid) {
 
 // Currents.
 
-/// What a rail leaks at a temperature. Its own voltage decides, so that no other rail's is read.
+/// What a rail leaks at a temperature. Its own voltage decides: the others are not read, and count as
+/// switched off.
 float KVXEPowerDesignTab::staticCurrent(const KVXEUID& uid, const std::string& rail, float celsius) {
   const KVXEPowerDesignTab* tab = tabOf(uid);
   const kvxm::Device* device = deviceOf(uid);
@@ -200,7 +202,8 @@ float KVXEPowerDesignTab::staticCurrent(const KVXEUID& uid, const std::string& r
   const auto params = tab->makeStaticParams();
   updateDeviceParams(uid, *params);
   updateBlockParams(uid, *params);
-  *params->findFloat(StaticKey::RAIL_VOLTAGE_0 + index) = getVoltage(uid, rail);
+  for (int i = 0; i < static_cast<int>(kvxm::mostStaticRails); ++i)
+    *params->findFloat(StaticKey::RAIL_VOLTAGE_0 + i) = i == index ? getVoltage(uid, rail) : 0.0f;
   *params->findFloat(StaticKey::JUNCTION_TEMP) = celsius;
   tab->calculateStatic(*params);
   return *params->findFloat(StaticKey::RAIL_CURRENT_0 + index);
@@ -277,8 +280,8 @@ void KVXEPowerDesignTab::updateDebugJunctionTempTable(const KVXEUID& uid) {
 
 void KVXEPowerDesignTab::writeJunction(kvxm::Record& params) {
   static constexpr std::pair<DebugRow, int> results[] = {
-      {InitialTemp, StaticKey::INITIAL_TEMP},           {TempAt25, StaticKey::TEMP_AT_25},
-      {NonIntLeakage, StaticKey::NON_INT_LEAKAGE},      {CalcJunctionTemp, StaticKey::JUNCTION_RESULT},
+      {InitialTemp, StaticKey::INITIAL_TEMP},        {TempAt25, StaticKey::TEMP_AT_25},
+      {NonIntLeakage, StaticKey::NON_INT_LEAKAGE},   {CalcJunctionTemp, StaticKey::JUNCTION_RESULT},
       {MaxAmbientTemp, StaticKey::MAX_AMBIENT_TEMP},
   };
   const KVXETable* table = getTable(&m_debugJunctionTempTable);

@@ -23,7 +23,8 @@ const std::string KVXEPowerDesignTab::m_calcJunctionTempStr = "CALC_JUNCTION_TEM
 const std::string KVXEPowerDesignTab::m_maxAmbientTempStr = "MAX_AMBIENT_TEMP";
 
 const std::string KVXEPowerDesignTab::m_invalidJunctionMsg =
-    "<html>Estimates are calculated up to the absolute maximum temperature after which point 125+ is shown in red and "
+    "<html>Estimates are calculated up to the absolute maximum temperature after which point 125+ is shown "
+    "in red and "
     "the power and thermal estimates are no longer valid.<html>";
 
 const std::string KVXEPowerDesignTab::m_pmcStr = "PMC";
@@ -73,15 +74,33 @@ struct DomainColor {
 };
 constexpr KVXECell::Color LogicBackground = 0xf9c499;
 constexpr DomainColor domainColors[] = {
-    {"PMC", 0xab9ac0},  {"SYSTEM", 0xd7e3bf},       {"LPD", 0xb7dde8},          {"FPD", 0x64b7cc},
-    {"PL", LogicBackground},    {"IO", LogicBackground},    {"XCVRA", LogicBackground}, {"XCVRB", LogicBackground},
-    {"XCVRC", LogicBackground}, {"XCVRD", LogicBackground}, {"HBM", LogicBackground},   {"BATT", 0xfff2cc},
+    {"PMC", 0xab9ac0},          {"SYSTEM", 0xd7e3bf},       {"LPD", 0xb7dde8},
+    {"FPD", 0x64b7cc},          {"PL", LogicBackground},    {"IO", LogicBackground},
+    {"XCVRA", LogicBackground}, {"XCVRB", LogicBackground}, {"XCVRC", LogicBackground},
+    {"XCVRD", LogicBackground}, {"HBM", LogicBackground},   {"BATT", 0xfff2cc},
 };
 constexpr KVXECell::Color OtherBackground = 0xf5f5f5;
 
-enum class RailClass { Vcu, XcvrA, XcvrB, XcvrC, XcvrD, PsIo, Ps, PsBlock, Psw, Hbm, Hic5, Hic5n, Nicb, Vcco, NetVcco };
+enum class RailClass {
+  Vcu,
+  XcvrA,
+  XcvrB,
+  XcvrC,
+  XcvrD,
+  PsIo,
+  Ps,
+  PsBlock,
+  Psw,
+  Hbm,
+  Hic5,
+  Hic5n,
+  Nicb,
+  Vcco,
+  NetVcco
+};
 
-// A rail belongs to a class when its name begins with `prefix`, contains `part`, and does not begin with `but`.
+// A rail belongs to a class when its name begins with `prefix`, contains `part`, and does not begin with
+// `but`.
 struct RailClassRule {
   RailClass railClass;
   std::string_view prefix;
@@ -89,49 +108,35 @@ struct RailClassRule {
   std::string_view but = {};
 };
 constexpr RailClassRule railClassRules[] = {
-    {RailClass::Vcu, "", "VCU"},
-    {RailClass::XcvrA, "MXCVRA"},
-    {RailClass::XcvrB, "MXCVRB"},
-    {RailClass::XcvrC, "MXCVRC"},
-    {RailClass::XcvrD, "MXCVRD"},
-    {RailClass::PsIo, "VCCO50"},
-    {RailClass::PsIo, "VCCOPSIO"},
-    {RailClass::Ps, "VCCPMC"},
-    {RailClass::Ps, "VCCPS"},
-    {RailClass::Ps, "VCCAUXPMC"},
-    {RailClass::Ps, "VCCO50"},
-    {RailClass::Ps, "VCCOPS"},
-    {RailClass::Ps, "VTTPS"},
-    {RailClass::Ps, "VPS"},
-    {RailClass::PsBlock, "VCCPMC"},
-    {RailClass::PsBlock, "VCCPSLP"},
-    {RailClass::PsBlock, "VCCPSFP"},
-    {RailClass::PsBlock, "VCCPSW"},
-    {RailClass::PsBlock, "VCCPSINT"},
-    {RailClass::Psw, "VCCPSW"},
-    {RailClass::Psw, "VCCPSGTA"},
-    {RailClass::Psw, "VTTPSGTA"},
-    {RailClass::Hbm, "", "HBM"},
-    {RailClass::Hic5, "VCCHIC5", "", "VCCHIC5N"},
-    {RailClass::Hic5n, "VCCHIC5N"},
-    {RailClass::Nicb, "VCCNICB"},
-    {RailClass::Vcco, "VCCO1"},
-    {RailClass::Vcco, "VCCO2"},
-    {RailClass::Vcco, "VCCO3"},
-    {RailClass::NetVcco, "VCCO1", "", "VCCO18"},
+    {RailClass::Vcu, "", "VCU"},      {RailClass::XcvrA, "MXCVRA"},
+    {RailClass::XcvrB, "MXCVRB"},     {RailClass::XcvrC, "MXCVRC"},
+    {RailClass::XcvrD, "MXCVRD"},     {RailClass::PsIo, "VCCO50"},
+    {RailClass::PsIo, "VCCOPSIO"},    {RailClass::Ps, "VCCPMC"},
+    {RailClass::Ps, "VCCPS"},         {RailClass::Ps, "VCCAUXPMC"},
+    {RailClass::Ps, "VCCO50"},        {RailClass::Ps, "VCCOPS"},
+    {RailClass::Ps, "VTTPS"},         {RailClass::Ps, "VPS"},
+    {RailClass::PsBlock, "VCCPMC"},   {RailClass::PsBlock, "VCCPSLP"},
+    {RailClass::PsBlock, "VCCPSFP"},  {RailClass::PsBlock, "VCCPSW"},
+    {RailClass::PsBlock, "VCCPSINT"}, {RailClass::Psw, "VCCPSW"},
+    {RailClass::Psw, "VCCPSGTA"},     {RailClass::Psw, "VTTPSGTA"},
+    {RailClass::Hbm, "", "HBM"},      {RailClass::Hic5, "VCCHIC5", "", "VCCHIC5N"},
+    {RailClass::Hic5n, "VCCHIC5N"},   {RailClass::Nicb, "VCCNICB"},
+    {RailClass::Vcco, "VCCO1"},       {RailClass::Vcco, "VCCO2"},
+    {RailClass::Vcco, "VCCO3"},       {RailClass::NetVcco, "VCCO1", "", "VCCO18"},
 };
 
 bool isOf(RailClass railClass, std::string_view rail) {
   return std::any_of(std::begin(railClassRules), std::end(railClassRules), [&](const RailClassRule& rule) {
-    return rule.railClass == railClass && rail.starts_with(rule.prefix) && rail.find(rule.part) != rail.npos &&
-           (rule.but.empty() || !rail.starts_with(rule.but));
+    return rule.railClass == railClass && rail.starts_with(rule.prefix) &&
+           rail.find(rule.part) != rail.npos && (rule.but.empty() || !rail.starts_with(rule.but));
   });
 }
 
 const Category* findCategory(std::string_view text) {
-  const auto found = std::find_if(std::begin(categories), std::end(categories), [&](const Category& category) {
-    return text == *category.key || (*category.detailed && text == category.detailed);
-  });
+  const auto found =
+      std::find_if(std::begin(categories), std::end(categories), [&](const Category& category) {
+        return text == *category.key || (*category.detailed && text == category.detailed);
+      });
   return found == std::end(categories) ? nullptr : found;
 }
 

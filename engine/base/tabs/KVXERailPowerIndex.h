@@ -12,9 +12,9 @@ namespace kvxe {
 
 /// Where the tabs of a book state the active power that they draw from a rail.
 ///
-/// Asking every power table for every rail would make as many dependencies as there are rails times rows. Which rail
-/// a row of a power table belongs to never changes, so each table is walked once and the cells are kept by rail; a
-/// rail's formula then reads its own cells and no other.
+/// Asking every power table for every rail would make as many dependencies as there are rails times rows.
+/// Which rail a row of a power table belongs to never changes, so each table is walked once and the cells are
+/// kept by rail; a rail's formula then reads its own cells and no other.
 class RailPowerIndex {
  public:
   /// Watts that all enabled tabs of the book draw from the rail.

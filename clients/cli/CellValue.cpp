@@ -1,0 +1,167 @@
+#include "clients/cli/CellValue.h"
+
+#include <cmath>
+#include <limits>
+
+#include "clients/cli/Spelling.h"
+#include "clients/cli/UnitText.h"
+#include "engine/base/workbook/KVXETemplateCell.h"
+#include "models/common/KVXMHelperUtils.h"
+
+namespace kvx {
+
+namespace {
+
+using KVXEEnums::CellState;
+using KVXEEnums::CellType;
+
+Conversion refuse(std::string what, std::string remedy) {
+  return {std::nullopt, std::move(what), std::move(remedy)};
+}
+
+Conversion refuseType(const SheetValue& written, const std::string& expected) {
+  return refuse(describeValue(written) + " is no " + expected, "give a " + expected);
+}
+
+std::string adviseUnits(KVXEEnums::Unit unit) {
+  const std::vector<std::string> units = unitsOf(unit);
+  return units.empty() ? "give a number without a unit" : "give a number, alone or with " + quotedList(units);
+}
+
+std::string showBound(double bound) {
+  return KVXMHelperUtils::ToString(static_cast<float>(bound));
+}
+
+/// The number in the stored unit, or why there is none.
+Conversion readNumber(const SheetValue& written, KVXEEnums::Unit unit, double& number) {
+  if (const auto* whole = std::get_if<std::int64_t>(&written)) {
+    number = static_cast<double>(*whole);
+  } else if (const auto* real = std::get_if<double>(&written)) {
+    number = *real;
+  } else if (const auto* text = std::get_if<std::string>(&written)) {
+    const auto parsed = NumberText::parse(*text);
+    if (!parsed) return refuse(describeValue(written) + " is no number", adviseUnits(unit));
+    const auto stored = toStored(*parsed, unit);
+    if (!stored) return refuse(quoted(parsed->suffix) + " is no unit of this column", adviseUnits(unit));
+    number = *stored;
+  } else {
+    return refuseType(written, "number");
+  }
+  if (!std::isfinite(number)) return refuse("the value is not finite", adviseUnits(unit));
+  return {};
+}
+
+/// A bound of a range as a number; the other bound's blank where there is none.
+template <class T>
+double boundOr(T bound, double none) {
+  return bound == kvxeBlank<T> ? none : static_cast<double>(bound);
+}
+
+template <class T>
+Conversion checkRange(const SheetValue& written, double number, const KVXETemplateCell<T>& cell) {
+  // The blank value itself and what lies beyond it cannot be stored.
+  const double least = boundOr(cell.getRange().first, static_cast<double>(std::numeric_limits<T>::lowest()));
+  double most = boundOr(cell.getRange().second, static_cast<double>(kvxeBlank<T>));
+  if (number >= least && number <= most && static_cast<T>(number) != kvxeBlank<T>) return {};
+  const bool isOpen = most == static_cast<double>(kvxeBlank<T>) || most >= std::numeric_limits<int>::max() - 1.0;
+  return refuse(describeValue(written) + " is out of range",
+                isOpen && number < least ? "at least " + showBound(least) + " is allowed"
+                                         : showBound(least) + " to " + showBound(most) + " is allowed");
+}
+
+Conversion convertInt(const SheetValue& written, KVXEIntCell& cell) {
+  double number = 0;
+  if (Conversion failure = readNumber(written, cell.getUnit(), number); !failure.what.empty()) return failure;
+  if (number != std::trunc(number)) return refuse(describeValue(written) + " is no whole number", "give a whole number");
+  if (Conversion failure = checkRange(written, number, cell); !failure.what.empty()) return failure;
+  return {static_cast<int>(number), "", ""};
+}
+
+Conversion convertFloat(const SheetValue& written, KVXEFloatCell& cell) {
+  double number = 0;
+  if (Conversion failure = readNumber(written, cell.getUnit(), number); !failure.what.empty()) return failure;
+  if (Conversion failure = checkRange(written, number, cell); !failure.what.empty()) return failure;
+  return {static_cast<float>(number), "", ""};
+}
+
+/// A text; a number is taken for a drop-down entry that reads so.
+Conversion convertText(const SheetValue& written, KVXECell& cell) {
+  std::string text;
+  if (const auto* given = std::get_if<std::string>(&written)) {
+    text = *given;
+  } else if (cell.isInADropdownColumn() && !std::holds_alternative<bool>(written)) {
+    text = describeValue(written);
+  } else {
+    return refuseType(written, "text");
+  }
+  if (text.find_first_of(std::string_view("\r\n\0", 3)) != std::string::npos)
+    return refuse("the text has more than one line", "keep it on one line");
+  return {text, "", ""};
+}
+
+bool hasFixedEntries(KVXECell& cell) {
+  return cell.isInADropdownColumn() && cell.getFormula() == &KVXECell::NoFormula;
+}
+
+std::string textOf(const CellValue& value) {
+  if (const auto* text = std::get_if<std::string>(&value)) return *text;
+  if (const auto* number = std::get_if<int>(&value)) return KVXMHelperUtils::ToString(*number);
+  return KVXMHelperUtils::ToString(std::get<float>(value));
+}
+
+}  // namespace
+
+Conversion convertForCell(const SheetValue& written, KVXECell& cell) {
+  Conversion result;
+  switch (cell.getCellType()) {
+    case CellType::INT: result = convertInt(written, static_cast<KVXEIntCell&>(cell)); break;
+    case CellType::FLOAT: result = convertFloat(written, static_cast<KVXEFloatCell&>(cell)); break;
+    default: result = convertText(written, cell);
+  }
+  if (!result.value || !cell.isInADropdownColumn()) return result;
+  const std::string text = textOf(*result.value);
+  const auto entry = matchEntry(cell, text);
+  if (entry && std::holds_alternative<std::string>(*result.value)) result.value = *entry;
+  if (!entry && hasFixedEntries(cell))
+    return refuse(describeValue(written) + " is not in the list", adviseEntries(cell, text));
+  return result;
+}
+
+std::optional<std::string> matchEntry(KVXECell& cell, const std::string& text) {
+  std::vector<std::string> entries;
+  if (!cell.getDDVals(entries)) return text;
+  for (const std::string& entry : entries)
+    if (entry == text) return entry;
+  for (const std::string& entry : entries)
+    if (isSameSpelling(entry, text)) return entry;
+  return std::nullopt;
+}
+
+std::string adviseEntries(KVXECell& cell, const std::string& text) {
+  std::vector<std::string> entries;
+  cell.getDDVals(entries);
+  if (entries.size() > 8) return adviseName(text, entries);
+  return "choose " + std::string(entries.size() > 1 ? "one of " : "") + quotedList(entries);
+}
+
+void writeAsUser(KVXECell& cell, const CellValue& value) {
+  std::visit([&cell](const auto& stored) { cell.setValAndState(stored, CellState::DIRTY_DIRTY); }, value);
+  cell.setValueSource(KVXEEnums::ValueSource::USER);
+}
+
+bool holds(KVXECell& cell, const CellValue& value) {
+  if (const auto* expected = std::get_if<std::string>(&value)) {
+    std::string text;
+    cell.getVal(text, true);
+    return text == *expected;
+  }
+  if (const auto* expected = std::get_if<int>(&value)) {
+    int number = 0;
+    return cell.getVal(number, true) && number == *expected;
+  }
+  const float expected = std::get<float>(value);
+  float number = 0;
+  return cell.getVal(number, true) && std::fabs(number - expected) <= 1e-5f * std::fabs(expected);
+}
+
+}  // namespace kvx

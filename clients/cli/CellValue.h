@@ -1,0 +1,37 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <variant>
+
+#include "clients/cli/Sheet.h"
+
+class KVXECell;
+
+namespace kvx {
+
+/// A value in the type of a cell, as the workbook stores it.
+using CellValue = std::variant<int, float, std::string>;
+
+/// The outcome of a conversion: a value, or what is wrong and what would be right.
+struct Conversion {
+  std::optional<CellValue> value;
+  std::string what, remedy;
+};
+
+/// Converts what the user wrote into the type and the stored unit of a cell, and checks it against the cell's
+/// range and, where the entries are fixed, its drop-down list.
+Conversion convertForCell(const SheetValue& written, KVXECell& cell);
+
+/// The entry of the cell's drop-down list that is a spelling of `text`; `text` itself when there is no list;
+/// nothing when the list has no such entry.
+std::optional<std::string> matchEntry(KVXECell& cell, const std::string& text);
+/// The entries of the cell's list as advice.
+std::string adviseEntries(KVXECell& cell, const std::string& text);
+
+/// Writes as the user's own edit.
+void writeAsUser(KVXECell& cell, const CellValue& value);
+/// Whether the cell holds that value, up to the precision of a float.
+bool holds(KVXECell& cell, const CellValue& value);
+
+}  // namespace kvx
