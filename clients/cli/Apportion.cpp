@@ -24,7 +24,8 @@ std::int64_t toUnits(double value, double unit) {
 
 std::vector<std::int64_t> apportion(const std::vector<double>& parts, double unit, std::int64_t total) {
   std::vector<std::int64_t> shares;
-  for (const double part : parts) shares.push_back(static_cast<std::int64_t>(std::floor(inUnits(part, unit))));
+  for (const double part : parts)
+    shares.push_back(static_cast<std::int64_t>(std::floor(inUnits(part, unit))));
   std::vector<std::size_t> order(parts.size());
   std::iota(order.begin(), order.end(), std::size_t{0});
   std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {

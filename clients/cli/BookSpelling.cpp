@@ -16,7 +16,8 @@ using KVXEEnums::TitleType;
 using KVXEEnums::Visibility;
 
 bool isSpelledLike(const KVXETitle& title, std::string_view name) {
-  for (const TitleType type : {TitleType::SW, TitleType::DISPLAY, TitleType::LVR, TitleType::KVX, TitleType::RP})
+  for (const TitleType type :
+       {TitleType::SW, TitleType::DISPLAY, TitleType::LVR, TitleType::KVX, TitleType::RP})
     if (isSameSpelling(title.getTag(type), name)) return true;
   return false;
 }
@@ -73,13 +74,15 @@ std::vector<std::string> tabNames(const KVXEBook& book) {
   std::vector<std::string> names;
   for (unsigned int i = 0; i < book.getTabCount(); ++i) {
     const KVXETab* tab = book.getTab(i);
-    if (tab && tab->getIsEnabled() && tab->getTableCount() > 0) names.push_back(sheetName(tab->getTypeAsStr()));
+    if (tab && tab->getIsEnabled() && tab->getTableCount() > 0)
+      names.push_back(sheetName(tab->getTypeAsStr()));
   }
   return names;
 }
 
 KVXETable* findTable(const KVXETab& tab, std::string_view name) {
-  return firstTable(tab, [name](const KVXETable& table) { return isSpelledLike(*table.getTableTitle(), name); });
+  return firstTable(tab,
+                    [name](const KVXETable& table) { return isSpelledLike(*table.getTableTitle(), name); });
 }
 
 KVXETable* findMainTable(const KVXETab& tab) {
@@ -139,7 +142,8 @@ std::vector<std::string> columnTexts(const KVXETable& table, unsigned int column
   std::vector<std::string> texts;
   for (unsigned int row = 1; row < table.getRowCount(); ++row) {
     std::string text = textAt(table, row, column);
-    if (!text.empty() && std::find(texts.begin(), texts.end(), text) == texts.end()) texts.push_back(std::move(text));
+    if (!text.empty() && std::find(texts.begin(), texts.end(), text) == texts.end())
+      texts.push_back(std::move(text));
   }
   return texts;
 }

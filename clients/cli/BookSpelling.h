@@ -9,8 +9,8 @@
 #include "engine/base/workbook/KVXETab.h"
 #include "engine/base/workbook/KVXETable.h"
 
-/// Finds the parts of a workbook by any spelling of their names. All knowledge of what a workbook contains comes
-/// from the book itself, so a tab is usable the day it exists.
+/// Finds the parts of a workbook by any spelling of their names. All knowledge of what a workbook contains
+/// comes from the book itself, so a tab is usable the day it exists.
 namespace kvx {
 
 /// A tab that the selected device has; null for any other name.
@@ -34,8 +34,8 @@ std::string columnTitle(const KVXETable& table, unsigned int column);
 /// The default cell of a column.
 KVXECell* columnCell(const KVXETable& table, unsigned int column);
 
-/// The first data row whose text in that column is a spelling of `text`; 0 when there is none. A row with a place
-/// on screen is preferred.
+/// The first data row whose text in that column is a spelling of `text`; 0 when there is none. A row with a
+/// place on screen is preferred.
 unsigned int findRow(const KVXETable& table, unsigned int column, std::string_view text);
 /// The texts of a column, without repetitions and blanks.
 std::vector<std::string> columnTexts(const KVXETable& table, unsigned int column);

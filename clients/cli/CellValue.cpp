@@ -63,7 +63,8 @@ Conversion checkRange(const SheetValue& written, double number, const KVXETempla
   const double least = boundOr(cell.getRange().first, static_cast<double>(std::numeric_limits<T>::lowest()));
   double most = boundOr(cell.getRange().second, static_cast<double>(kvxeBlank<T>));
   if (number >= least && number <= most && static_cast<T>(number) != kvxeBlank<T>) return {};
-  const bool isOpen = most == static_cast<double>(kvxeBlank<T>) || most >= std::numeric_limits<int>::max() - 1.0;
+  const bool isOpen =
+      most == static_cast<double>(kvxeBlank<T>) || most >= std::numeric_limits<int>::max() - 1.0;
   return refuse(describeValue(written) + " is out of range",
                 isOpen && number < least ? "at least " + showBound(least) + " is allowed"
                                          : showBound(least) + " to " + showBound(most) + " is allowed");
@@ -72,7 +73,8 @@ Conversion checkRange(const SheetValue& written, double number, const KVXETempla
 Conversion convertInt(const SheetValue& written, KVXEIntCell& cell) {
   double number = 0;
   if (Conversion failure = readNumber(written, cell.getUnit(), number); !failure.what.empty()) return failure;
-  if (number != std::trunc(number)) return refuse(describeValue(written) + " is no whole number", "give a whole number");
+  if (number != std::trunc(number))
+    return refuse(describeValue(written) + " is no whole number", "give a whole number");
   if (Conversion failure = checkRange(written, number, cell); !failure.what.empty()) return failure;
   return {static_cast<int>(number), "", ""};
 }
@@ -114,9 +116,14 @@ std::string textOf(const CellValue& value) {
 Conversion convertForCell(const SheetValue& written, KVXECell& cell) {
   Conversion result;
   switch (cell.getCellType()) {
-    case CellType::INT: result = convertInt(written, static_cast<KVXEIntCell&>(cell)); break;
-    case CellType::FLOAT: result = convertFloat(written, static_cast<KVXEFloatCell&>(cell)); break;
-    default: result = convertText(written, cell);
+    case CellType::INT:
+      result = convertInt(written, static_cast<KVXEIntCell&>(cell));
+      break;
+    case CellType::FLOAT:
+      result = convertFloat(written, static_cast<KVXEFloatCell&>(cell));
+      break;
+    default:
+      result = convertText(written, cell);
   }
   if (!result.value || !cell.isInADropdownColumn()) return result;
   const std::string text = textOf(*result.value);

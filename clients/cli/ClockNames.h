@@ -12,8 +12,8 @@ class KVXETable;
 
 namespace kvx {
 
-/// The clocks of a design by name. A sheet names a clock by its name alone; the workbook wants the clock's tag,
-/// "250.000 MHz (sys_clk)".
+/// The clocks of a design by name. A sheet names a clock by its name alone; the workbook wants the clock's
+/// tag, "250.000 MHz (sys_clk)".
 class ClockNames {
  public:
   /// Whether cells of the column name clocks.

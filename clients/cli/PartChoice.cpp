@@ -14,9 +14,12 @@ using kvxm::DeviceCatalogue;
 
 const std::string& engineName(Architecture architecture) {
   switch (architecture) {
-    case Architecture::Morlan: return KVXEPartSelection::m_morlanArchName;
-    case Architecture::Som: return KVXEPartSelection::m_somVisionArchName;
-    default: return KVXEPartSelection::m_arkeonArchName;
+    case Architecture::Morlan:
+      return KVXEPartSelection::m_morlanArchName;
+    case Architecture::Som:
+      return KVXEPartSelection::m_somVisionArchName;
+    default:
+      return KVXEPartSelection::m_arkeonArchName;
   }
 }
 
@@ -24,7 +27,8 @@ std::vector<std::string> partNames(const kvxm::Device& device) {
   std::vector<std::string> names;
   for (const kvxm::Part& part : device.parts) names.push_back(part.name);
   for (const kvxm::SomModule& module : DeviceCatalogue::getGlobal().modules())
-    if (device.architecture == Architecture::Som && module.device == device.name) names.push_back(module.talmorDevice);
+    if (device.architecture == Architecture::Som && module.device == device.name)
+      names.push_back(module.talmorDevice);
   return names;
 }
 
@@ -63,14 +67,16 @@ ChosenPart choosePart(const Sheet& sheet, Diagnostics& diagnostics) {
   const std::string process = readProcess(sheet, diagnostics);
   if (!sheet.part) {
     if (!sheet.isDamaged)
-      diagnostics.add(sheet.place, "the sheet names no part", "write part = \"...\"; \"kvx parts\" lists all");
+      diagnostics.add(sheet.place, "the sheet names no part",
+                      "write part = \"...\"; \"kvx parts\" lists all");
     return chosen;
   }
   const auto& part = std::get<std::string>(sheet.part->value);
   if (part.empty() && sheet.isDamaged) return chosen;
   const kvxm::Device* device = DeviceCatalogue::getGlobal().findDevice(part);
   const std::string fallback = process.empty() ? KVXEPartSelection::m_typStr : process;
-  KVXEPartSelection* selection = device ? KVXEPartSelection::resetToArch(engineName(device->architecture)) : nullptr;
+  KVXEPartSelection* selection =
+      device ? KVXEPartSelection::resetToArch(engineName(device->architecture)) : nullptr;
   if (!selection || !selection->selectPart(part, fallback)) {
     diagnostics.add(sheet.part->place, "there is no part " + quoted(part), advisePart(part));
     return chosen;

@@ -15,7 +15,7 @@ namespace kvx {
 
 /// The part of a sheet, selected in the engine.
 struct ChosenPart {
-  KVXEBook* book = nullptr;              ///< with the tabs of the part, not calculated; null if there was a mistake
+  KVXEBook* book = nullptr;  ///< with the tabs of the part, not calculated; null if there was a mistake
   const kvxm::Device* device = nullptr;  ///< the part's device in the catalogue
   std::string architecture;              ///< "Tarvek", "Morlan" or "Som"
 };

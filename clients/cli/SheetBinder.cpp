@@ -22,7 +22,8 @@ std::string tableName(const KVXETable& table) {
 /// The first text column that the user does not edit: in a table with fixed rows it names them.
 std::optional<unsigned int> findKeyColumn(const KVXETable& table) {
   for (unsigned int column = 0; column < table.getColumnCount(); ++column)
-    if (table.getColumnType(column) == KVXEEnums::CellType::STRING && !columnCell(table, column)->getIsEditable())
+    if (table.getColumnType(column) == KVXEEnums::CellType::STRING &&
+        !columnCell(table, column)->getIsEditable())
       return column;
   return std::nullopt;
 }
@@ -83,8 +84,9 @@ KVXETable* SheetBinder::findTarget(const SheetRow& row) {
   }
   KVXETable* table = row.table.empty() ? findMainTable(*tab) : findTable(*tab, row.table);
   if (table) return table;
-  const std::string what = row.table.empty() ? "tab " + quoted(row.tab) + " has no table for rows of its own"
-                                             : "tab " + quoted(row.tab) + " has no table " + quoted(row.table);
+  const std::string what = row.table.empty()
+                               ? "tab " + quoted(row.tab) + " has no table for rows of its own"
+                               : "tab " + quoted(row.tab) + " has no table " + quoted(row.table);
   fail(row.place, what,
        row.table.empty() ? "write [[" + row.tab + ".TABLE]]: known are " + quotedList(tableNames(*tab))
                          : adviseName(row.table, tableNames(*tab)));
@@ -96,7 +98,8 @@ unsigned int SheetBinder::findTargetRow(KVXETable& table, const SheetRow& row) {
   if (!table.getHasTableEditingFeatures()) return findFixedRow(table, row);
   unsigned int& filled = m_filledRows[&table];
   if (filled == MostRows) {
-    fail(row.place, tableName(table) + " has more rows than it can hold", std::to_string(MostRows) + " is the limit");
+    fail(row.place, tableName(table) + " has more rows than it can hold",
+         std::to_string(MostRows) + " is the limit");
     return 0;
   }
   table.getOrCreateRow(++filled);
@@ -124,8 +127,8 @@ unsigned int SheetBinder::findNamedRow(KVXETable& table, const std::string& text
   return found > 0 ? found : reportUnknownRow(table, *column, text, place);
 }
 
-unsigned int SheetBinder::reportUnknownRow(const KVXETable& table, unsigned int column, const std::string& text,
-                                           const Place& place) {
+unsigned int SheetBinder::reportUnknownRow(const KVXETable& table, unsigned int column,
+                                           const std::string& text, const Place& place) {
   fail(place, tableName(table) + " has no row " + quoted(text), adviseName(text, columnTexts(table, column)));
   return 0;
 }
@@ -137,7 +140,8 @@ unsigned int SheetBinder::findFixedRow(KVXETable& table, const SheetRow& row) {
   for (const Assignment& assignment : row.cells) {
     const auto column = findColumn(table, assignment.key);
     if (!column || (keyColumn && *keyColumn <= *column)) continue;
-    if (table.getColumnType(*column) != KVXEEnums::CellType::STRING || columnCell(table, *column)->getIsEditable())
+    if (table.getColumnType(*column) != KVXEEnums::CellType::STRING ||
+        columnCell(table, *column)->getIsEditable())
       continue;
     keyColumn = column;
     key = &assignment;
@@ -158,8 +162,8 @@ unsigned int SheetBinder::findFixedRow(KVXETable& table, const SheetRow& row) {
 
 // From an assignment to a cell.
 
-void SheetBinder::bindCell(KVXETable& table, unsigned int row, unsigned int column, const Assignment& assignment,
-                           bool isOverride) {
+void SheetBinder::bindCell(KVXETable& table, unsigned int row, unsigned int column,
+                           const Assignment& assignment, bool isOverride) {
   KVXECell& cell = *table.getCellAt(row, column);
   if (!isEditableCell(table, row, column)) {
     // In a table with fixed rows the cell that names the row is no edit.
@@ -178,7 +182,8 @@ void SheetBinder::bindCell(KVXETable& table, unsigned int row, unsigned int colu
 void SheetBinder::bindClock(KVXECell& cell, const Assignment& assignment, bool isOverride) {
   const auto* name = std::get_if<std::string>(&assignment.value);
   if (!name)
-    return fail(assignment.place, quoted(assignment.key) + " takes the name of a clock", "give the name in quotes");
+    return fail(assignment.place, quoted(assignment.key) + " takes the name of a clock",
+                "give the name in quotes");
   if (isOverride) std::erase_if(m_clockUses, [&cell](const ClockUse& use) { return use.cell == &cell; });
   m_clockUses.push_back({&cell, *name, assignment.key, assignment.place, m_isFailed.size() - 1});
 }
@@ -202,13 +207,16 @@ bool SheetBinder::isOverwritten(const KVXECell& cell, const Assignment& assignme
 void SheetBinder::write(KVXECell& cell, const Assignment& assignment, bool isOverride) {
   if (isOverwritten(cell, assignment, isOverride)) return;
   const Conversion conversion = convertForCell(assignment.value, cell);
-  if (!conversion.value) return fail(assignment.place, assignment.key + ": " + conversion.what, conversion.remedy);
+  if (!conversion.value)
+    return fail(assignment.place, assignment.key + ": " + conversion.what, conversion.remedy);
   writeAsUser(cell, *conversion.value);
-  Write write{&cell,          *conversion.value, describeValue(assignment.value), assignment.key, assignment.place,
-              m_isFailed.size() - 1};
+  Write write{&cell,          *conversion.value, describeValue(assignment.value),
+              assignment.key, assignment.place,  m_isFailed.size() - 1};
   const auto [found, isNew] = m_writeOf.emplace(&cell, m_writes.size());
-  if (isNew) m_writes.push_back(std::move(write));
-  else m_writes[found->second] = std::move(write);
+  if (isNew)
+    m_writes.push_back(std::move(write));
+  else
+    m_writes[found->second] = std::move(write);
 }
 
 void SheetBinder::resolveClocks() {
@@ -239,18 +247,18 @@ void SheetBinder::verifyWrite(const Write& write) {
   KVXECell& cell = *write.cell;
   const KVXETable& table = *cell.getRow()->getTable();
   if (!cell.getRow()->hasPlaceOnScreen())
-    return m_diagnostics.add(write.place,
-                             "the device has no " + quoted(rowName(table, cell.getRow()->getIndex())) + " in " +
-                                 tableName(table),
-                             "remove the entry");
+    return m_diagnostics.add(
+        write.place,
+        "the device has no " + quoted(rowName(table, cell.getRow()->getIndex())) + " in " + tableName(table),
+        "remove the entry");
   if (!cell.getIsEditable())
     return m_diagnostics.add(write.place, write.name + " is decided by the workbook in this row",
                              "remove it, or change what it follows from");
   std::vector<std::string> entries;
-  if (const auto* text = std::get_if<std::string>(&write.value); text && cell.getDDVals(entries) &&
-                                                                  std::find(entries.begin(), entries.end(), *text) ==
-                                                                      entries.end())
-    return m_diagnostics.add(write.place, write.name + ": " + write.written + " is not in the list of this row",
+  if (const auto* text = std::get_if<std::string>(&write.value);
+      text && cell.getDDVals(entries) && std::find(entries.begin(), entries.end(), *text) == entries.end())
+    return m_diagnostics.add(write.place,
+                             write.name + ": " + write.written + " is not in the list of this row",
                              adviseEntries(cell, *text));
   if (holds(cell, write.value)) return;
   std::string present;

@@ -16,9 +16,9 @@ class KVXETable;
 
 namespace kvx {
 
-/// Writes a design sheet into a workbook. It knows no tab, table or column by name: what a sheet may say is what
-/// the book contains. Every mistake is added to the diagnostics; the values that are right are written in spite
-/// of them, so that a calculation brings to light what depends on it.
+/// Writes a design sheet into a workbook. It knows no tab, table or column by name: what a sheet may say is
+/// what the book contains. Every mistake is added to the diagnostics; the values that are right are written
+/// in spite of them, so that a calculation brings to light what depends on it.
 class SheetBinder {
  public:
   SheetBinder(KVXEBook& book, Diagnostics& diagnostics) : m_book(book), m_diagnostics(diagnostics) {}

@@ -74,15 +74,18 @@ void SheetBinder::bindEnvironment(const Sheet& sheet, float startThetaJa) {
   if (assignments.empty()) return;
   const auto environment = EnvironmentTable::find(m_book);
   if (!environment)
-    return fail(assignments.front().place, "the workbook of this device has no environment", "remove [environment]");
+    return fail(assignments.front().place, "the workbook of this device has no environment",
+                "remove [environment]");
   const Assignment* junction = findKey(assignments, JunctionKey);
   const Assignment* theta = findKey(assignments, ThetaKey);
   if (junction && theta)
     return fail(std::max(junction, theta)->place,
                 "the junction temperature cannot be both given and calculated from the thermal resistance",
                 std::string("keep one of ") + JunctionKey + " and " + ThetaKey);
-  if (junction) environment->chooseOverride(" ON");
-  else if (theta || findKey(assignments, AmbientKey)) environment->chooseOverride(" OFF");
+  if (junction)
+    environment->chooseOverride(" ON");
+  else if (theta || findKey(assignments, AmbientKey))
+    environment->chooseOverride(" OFF");
   for (const Assignment& assignment : assignments) {
     const unsigned int row = environment->row(assignment.key);
     if (row == 0) {
@@ -93,7 +96,8 @@ void SheetBinder::bindEnvironment(const Sheet& sheet, float startThetaJa) {
     }
   }
   const unsigned int thetaRow = environment->row(ThetaKey);
-  if (!junction && !theta && thetaRow > 0) writeAsUser(*environment->cell(thetaRow, environment->value), startThetaJa);
+  if (!junction && !theta && thetaRow > 0)
+    writeAsUser(*environment->cell(thetaRow, environment->value), startThetaJa);
 }
 
 }  // namespace kvx

@@ -80,7 +80,8 @@ class DocumentReader {
   void readEnvironment(const toml::key& key, const toml::node& node) {
     const toml::table* table = node.as_table();
     if (!table)
-      return m_diagnostics.add(placeOf(key), "\"environment\" is a table of settings", "begin it with [environment]");
+      return m_diagnostics.add(placeOf(key), "\"environment\" is a table of settings",
+                               "begin it with [environment]");
     std::vector<Assignment> cells = readCells(*table);
     for (Assignment& cell : cells) m_sheet.environment.push_back(std::move(cell));
   }
@@ -93,7 +94,8 @@ class DocumentReader {
         readRows(*rows, tab, std::string(name.str()));
       } else if (node.is_table()) {
         const std::string path = tab + "." + std::string(name.str());
-        m_diagnostics.add(placeOf(name), "[" + path + "] makes no row", "begin each row with [[" + path + "]]");
+        m_diagnostics.add(placeOf(name), "[" + path + "] makes no row",
+                          "begin each row with [[" + path + "]]");
       } else {
         m_diagnostics.add(placeOf(name), quoted(name.str()) + " stands in no row",
                           "begin each row of the tab with [[" + tab + "]]");
@@ -110,7 +112,8 @@ class DocumentReader {
         const toml::array* inner = child.as_array();
         if (!inner || inner->empty() || !inner->is_array_of_tables()) continue;
         hasTables = true;
-        if (table.empty()) readRows(*inner, tab, std::string(name.str()));
+        if (table.empty())
+          readRows(*inner, tab, std::string(name.str()));
         else
           m_diagnostics.add(placeOf(name), "rows stand in rows of " + quoted(table),
                             "write [[tab]] or [[tab.table]], no deeper");
@@ -125,7 +128,8 @@ class DocumentReader {
   std::vector<Assignment> readCells(const toml::table& table) {
     std::vector<Assignment> cells;
     for (const auto& [key, node] : table) {
-      if (const toml::array* rows = node.as_array(); rows && !rows->empty() && rows->is_array_of_tables()) continue;
+      if (const toml::array* rows = node.as_array(); rows && !rows->empty() && rows->is_array_of_tables())
+        continue;
       if (const auto value = readValue(node)) {
         cells.push_back({std::string(key.str()), *value, placeOf(key)});
       } else {
@@ -165,8 +169,10 @@ unsigned int findDeepLine(std::string_view text) {
     } else if (isComment) {
       continue;
     } else if (quote) {
-      if (c == '\\' && quote == '"') ++i;
-      else if (c == quote) quote = 0;
+      if (c == '\\' && quote == '"')
+        ++i;
+      else if (c == quote)
+        quote = 0;
     } else if (c == '"' || c == '\'') {
       quote = c;
     } else if (c == '#') {
@@ -190,7 +196,8 @@ bool blankLine(std::string& text, unsigned int line) {
   const std::size_t end = std::min(text.find('\n', begin), text.size());
   const std::size_t first = text.find_first_not_of(" \t", begin);
   if (first >= end || text[first] == '[') return false;
-  std::fill(text.begin() + static_cast<std::ptrdiff_t>(begin), text.begin() + static_cast<std::ptrdiff_t>(end), ' ');
+  std::fill(text.begin() + static_cast<std::ptrdiff_t>(begin),
+            text.begin() + static_cast<std::ptrdiff_t>(end), ' ');
   return true;
 }
 
@@ -237,7 +244,8 @@ std::optional<std::string> readText(const std::string& path, Diagnostics& diagno
   if (S_ISREG(status.st_mode) && static_cast<unsigned long long>(status.st_size) > LargestSheetBytes)
     return refuse(path, diagnostics, tooLarge, largest);
   std::ifstream file(path, std::ios::binary);
-  if (!file) return refuse(path, diagnostics, std::string("cannot be opened: ") + std::strerror(errno), remedy);
+  if (!file)
+    return refuse(path, diagnostics, std::string("cannot be opened: ") + std::strerror(errno), remedy);
   std::string text;
   char block[1 << 16];
   while (text.size() <= LargestSheetBytes && (file.read(block, sizeof block) || file.gcount() > 0))

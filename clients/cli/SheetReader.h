@@ -21,8 +21,8 @@ std::optional<Sheet> readSheetFile(const std::string& path, Diagnostics& diagnos
 Sheet readSheetText(std::string text, const std::string& source, Diagnostics& diagnostics);
 
 /// Adds an override "path=value" of the command line to a sheet. The path is "part", "process",
-/// "environment.KEY" or "TAB.TABLE.ROW.COLUMN", where a part with a dot in it stands in double quotes, an empty
-/// TABLE is the tab's main table, and ROW is the row's number on screen or its text.
+/// "environment.KEY" or "TAB.TABLE.ROW.COLUMN", where a part with a dot in it stands in double quotes, an
+/// empty TABLE is the tab's main table, and ROW is the row's number on screen or its text.
 void addOverride(const std::string& text, Sheet& sheet, Diagnostics& diagnostics);
 
 }  // namespace kvx

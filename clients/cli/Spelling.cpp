@@ -72,18 +72,22 @@ std::vector<std::string> nearestNames(std::string_view written, const std::vecto
   for (const std::string& name : known) {
     const std::string other = plainSpelling(name);
     if (other.empty() || plain.empty()) continue;
-    const bool isPart = plain.size() > 2 && (other.find(plain) != std::string::npos || plain.find(other) == 0);
+    const bool isPart =
+        plain.size() > 2 && (other.find(plain) != std::string::npos || plain.find(other) == 0);
     const unsigned int distance = editDistance(plain, other);
     const unsigned int allowed = tolerance(std::max(plain.size(), other.size()));
-    if (distance <= allowed) candidates.push_back({distance, &name});
-    else if (isPart) candidates.push_back({allowed + 1, &name});
+    if (distance <= allowed)
+      candidates.push_back({distance, &name});
+    else if (isPart)
+      candidates.push_back({allowed + 1, &name});
   }
   std::stable_sort(candidates.begin(), candidates.end(),
                    [](const Candidate& a, const Candidate& b) { return a.distance < b.distance; });
   std::vector<std::string> nearest;
   for (const Candidate& candidate : candidates) {
     if (nearest.size() == MostSuggestions) break;
-    if (std::find(nearest.begin(), nearest.end(), *candidate.name) == nearest.end()) nearest.push_back(*candidate.name);
+    if (std::find(nearest.begin(), nearest.end(), *candidate.name) == nearest.end())
+      nearest.push_back(*candidate.name);
   }
   return nearest;
 }
@@ -113,9 +117,11 @@ std::string quotedList(const std::vector<std::string>& texts, std::size_t limit)
 std::string quoted(std::string_view text) {
   const bool isLong = text.size() > LongestShown;
   std::size_t end = isLong ? LongestShown : text.size();
-  while (isLong && end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;  // whole UTF-8 letters
+  while (isLong && end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
+    --end;  // whole UTF-8 letters
   std::string shown = "\"";
-  for (const char c : text.substr(0, end)) shown += static_cast<unsigned char>(c) < 0x20 || c == 0x7F ? '?' : c;
+  for (const char c : text.substr(0, end))
+    shown += static_cast<unsigned char>(c) < 0x20 || c == 0x7F ? '?' : c;
   return shown + (isLong ? "...\"" : "\"");
 }
 

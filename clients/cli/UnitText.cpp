@@ -9,7 +9,18 @@ namespace {
 
 using KVXEEnums::Unit;
 
-enum class Quantity { None, Power, Current, Voltage, Share, Frequency, Temperature, Resistance, Megabits, Gigabits };
+enum class Quantity {
+  None,
+  Power,
+  Current,
+  Voltage,
+  Share,
+  Frequency,
+  Temperature,
+  Resistance,
+  Megabits,
+  Gigabits
+};
 
 struct UnitSuffix {
   Quantity quantity;
@@ -46,26 +57,36 @@ Quantity quantityOf(Unit unit) {
     case Unit::POWER_SHOW:
     case Unit::POWER_HIDE:
     case Unit::POWER_FIXED_mW_SHOW:
-    case Unit::POWER_FIXED_mW_HIDE: return Quantity::Power;
+    case Unit::POWER_FIXED_mW_HIDE:
+      return Quantity::Power;
     case Unit::CURRENT_SHOW:
     case Unit::CURRENT_HIDE:
     case Unit::CURRENT_FIXED_mA_SHOW:
-    case Unit::CURRENT_FIXED_mA_HIDE: return Quantity::Current;
+    case Unit::CURRENT_FIXED_mA_HIDE:
+      return Quantity::Current;
     case Unit::VOLTAGE_SHOW:
-    case Unit::VOLTAGE_HIDE: return Quantity::Voltage;
+    case Unit::VOLTAGE_HIDE:
+      return Quantity::Voltage;
     case Unit::PERCENTAGE_SHOW:
-    case Unit::PERCENTAGE_HIDE: return Quantity::Share;
+    case Unit::PERCENTAGE_HIDE:
+      return Quantity::Share;
     case Unit::FREQUENCY_SHOW:
-    case Unit::FREQUENCY_HIDE: return Quantity::Frequency;
+    case Unit::FREQUENCY_HIDE:
+      return Quantity::Frequency;
     case Unit::TEMPERATURE_SHOW:
-    case Unit::TEMPERATURE_HIDE: return Quantity::Temperature;
+    case Unit::TEMPERATURE_HIDE:
+      return Quantity::Temperature;
     case Unit::FIXED_THETAJA_SHOW:
-    case Unit::FIXED_THETAJA_HIDE: return Quantity::Resistance;
+    case Unit::FIXED_THETAJA_HIDE:
+      return Quantity::Resistance;
     case Unit::FIXED_Mbps_SHOW:
-    case Unit::FIXED_Mbps_HIDE: return Quantity::Megabits;
+    case Unit::FIXED_Mbps_HIDE:
+      return Quantity::Megabits;
     case Unit::FIXED_Gbps_SHOW:
-    case Unit::FIXED_Gbps_HIDE: return Quantity::Gigabits;
-    default: return Quantity::None;
+    case Unit::FIXED_Gbps_HIDE:
+      return Quantity::Gigabits;
+    default:
+      return Quantity::None;
   }
 }
 

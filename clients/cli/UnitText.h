@@ -19,9 +19,9 @@ struct NumberText {
   static std::optional<NumberText> parse(std::string_view text);
 };
 
-/// The value in the unit in which the workbook stores a column of that kind: W, A, V, MHz, degrees C, C/W, Mbps,
-/// Gbps, or a fraction where the screen shows per cent. A number without unit is taken as stored. Nothing for a
-/// unit of another kind.
+/// The value in the unit in which the workbook stores a column of that kind: W, A, V, MHz, degrees C, C/W,
+/// Mbps, Gbps, or a fraction where the screen shows per cent. A number without unit is taken as stored.
+/// Nothing for a unit of another kind.
 std::optional<double> toStored(const NumberText& text, KVXEEnums::Unit unit);
 
 /// The units that a column of that kind takes; none for a plain number.

@@ -134,6 +134,7 @@ class KVXEClockTab : public KVXETab {
 
  private:
   /// The first row that holds a tag, and how many rows do.
+  /// A tag that was made anew, changed or not.
   struct TagChange {
     std::string from, to;
     KVXECell* cell;  ///< the tag's

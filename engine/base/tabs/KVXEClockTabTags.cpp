@@ -74,8 +74,7 @@ void KVXEClockTab::updateClockTagRow(const KVXEUID& uid) {
   const std::string tag =
       hasName && hasFrequency ? kvxe::ClockTag::construct(name, megahertz) : std::string();
   const std::string& old = cell->readVal(false);
-  if (auto* tab = dynamic_cast<KVXEClockTab*>(uid.getTab()); tab && tag != old)
-    tab->m_tagChanges.push_back({old, tag, cell});
+  if (auto* tab = dynamic_cast<KVXEClockTab*>(uid.getTab())) tab->m_tagChanges.push_back({old, tag, cell});
   cell->setValAndMarkEngineClean(tag);
 }
 
@@ -110,10 +109,11 @@ void KVXEClockTab::readClockTags() {
 /// it.
 KVXEClockTab::Renames KVXEClockTab::findRenames(const std::vector<TagChange>& changes) const {
   boost::unordered_flat_map<std::string, unsigned int> arrivals;
-  for (const TagChange& change : changes) ++arrivals[change.to];
+  for (const TagChange& change : changes)
+    if (change.from != change.to) ++arrivals[change.to];
   Renames renames;
   for (const auto& [from, to, cell] : changes) {
-    if (from.empty() || to.empty()) continue;
+    if (from.empty() || to.empty() || from == to) continue;
     const auto holders = m_tagRows.find(from);
     const auto arrived = arrivals.find(from);
     const unsigned int held = holders == m_tagRows.end() ? 0 : holders->second.count;
@@ -123,8 +123,9 @@ KVXEClockTab::Renames KVXEClockTab::findRenames(const std::vector<TagChange>& ch
   return renames;
 }
 
-/// The cells of clock columns that may hold one of the old tags: while the graph holds, those that read the tag cells;
-/// while it is learned anew, all there are.
+/// The cells of clock columns that may hold one of the old tags: while the graph holds, those that read a tag cell which
+/// was made anew (rows may have moved, so the one that changed is not always the one that was read); while the graph is
+/// learned, all there are.
 std::vector<KVXECell*> KVXEClockTab::cellsThatMayName(const std::vector<TagChange>& changes) {
   std::vector<KVXECell*> cells;
   KVXECalculationMgr& calculation = KVXECalculationMgr::getGlobal();

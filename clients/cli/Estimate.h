@@ -1,0 +1,61 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "engine/base/services/KvxSeverity.h"
+
+class KVXEBook;
+
+namespace kvx {
+
+/// The results of a calculated workbook as plain numbers: watts, amperes, volts, degrees C.
+struct Estimate {
+  struct Block {
+    std::string name;
+    std::string category;  ///< the heading above it; empty for a block that stands alone
+    bool isStatic = false;
+    float watts = 0;
+  };
+  struct Rail {
+    std::string name;
+    float volts = 0;
+    float dynamicAmperes = 0;
+    float staticAmperes = 0;
+    float amperes = 0;
+    double watts() const { return static_cast<double>(volts) * static_cast<double>(amperes); }
+  };
+  struct Message {
+    KvxSeverity severity = KvxSeverity::WARNING;
+    std::string tab, table, row, column, text;
+  };
+
+  // From the sheet.
+  std::string name, part, process, architecture, family;
+
+  std::string characterization;
+  std::vector<Block> blocks;  ///< in the order of the summary, dynamic ones first
+  std::vector<Rail> rails;    ///< that the part has
+  std::vector<Message> messages;
+
+  bool isJunctionGiven = false;  ///< by the user, not calculated
+  float junction = 0;
+  float junctionMax = 0;
+  float ambient = 0;
+  std::optional<float> thetaJa;  ///< C/W; nothing while the junction temperature is given
+  float marginDegrees = 0;
+  std::optional<float> marginWatts;
+  std::optional<double> budget;  ///< watts, from the command line
+
+  double dynamicWatts() const;
+  double staticWatts() const;
+  double totalWatts() const { return dynamicWatts() + staticWatts(); }
+  bool isBudgetBroken() const { return budget && totalWatts() > *budget; }
+  bool hasErrors() const;
+};
+
+/// Reads a calculated book. What the sheet says is left to the caller.
+Estimate readEstimate(KVXEBook& book);
+
+}  // namespace kvx

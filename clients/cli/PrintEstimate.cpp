@@ -1,0 +1,189 @@
+#include "clients/cli/PrintEstimate.h"
+
+#include "clients/cli/Apportion.h"
+#include "clients/cli/TextTable.h"
+#include "models/common/KVXMHelperUtils.h"
+
+namespace kvx {
+
+namespace {
+
+using KVXMHelperUtils::formatFixed;
+
+constexpr double Milliwatt = 1e-3;
+constexpr double TenthOfPercent = 1e-1;
+
+/// A line of the block table: a total, a category or a block.
+struct BlockLine {
+  std::string name;
+  unsigned int level = 0;
+  double watts = 0;
+  std::vector<BlockLine> parts = {};
+  // Rounded so that the parts of a line add up to it.
+  std::int64_t milliwatts = 0;
+  std::int64_t tenthsOfPercent = 0;
+};
+
+void addBlock(BlockLine& kind, const Estimate::Block& block) {
+  const double watts = static_cast<double>(block.watts);
+  kind.watts += watts;
+  BlockLine* parent = &kind;
+  if (!block.category.empty()) {
+    if (kind.parts.empty() || kind.parts.back().name != block.category)
+      kind.parts.push_back({block.category, 2});
+    parent = &kind.parts.back();
+    parent->watts += watts;
+  }
+  parent->parts.push_back({block.name, parent->level + 1, watts});
+}
+
+/// Hands the line's rounded values down to its parts.
+void roundParts(BlockLine& line) {
+  std::vector<double> watts, shares;
+  for (const BlockLine& part : line.parts) {
+    watts.push_back(part.watts);
+    shares.push_back(line.watts > 0 ? part.watts / line.watts * static_cast<double>(line.tenthsOfPercent)
+                                    : 0.0);
+  }
+  const std::vector<std::int64_t> milliwatts = apportion(watts, Milliwatt, line.milliwatts);
+  const std::vector<std::int64_t> tenths = apportion(shares, 1.0, line.watts > 0 ? line.tenthsOfPercent : 0);
+  for (std::size_t i = 0; i < line.parts.size(); ++i) {
+    line.parts[i].milliwatts = milliwatts[i];
+    line.parts[i].tenthsOfPercent = tenths[i];
+    roundParts(line.parts[i]);
+  }
+}
+
+BlockLine makeBlockTree(const Estimate& estimate) {
+  BlockLine total{"Total", 0, estimate.totalWatts(), {{"Dynamic", 1}, {"Static", 1}}};
+  for (const Estimate::Block& block : estimate.blocks) addBlock(total.parts[block.isStatic ? 1 : 0], block);
+  total.milliwatts = toUnits(total.watts, Milliwatt);
+  total.tenthsOfPercent = total.watts > 0 ? toUnits(100.0, TenthOfPercent) : 0;
+  roundParts(total);
+  return total;
+}
+
+std::string showMilliwatts(std::int64_t milliwatts) {
+  return formatFixed(static_cast<double>(milliwatts) * Milliwatt, 3);
+}
+
+/// Two columns: what, and a number with its unit.
+std::string summaryLine(const std::string& what, const std::string& number, const std::string& note) {
+  std::string line = padRight(what, 22) + padLeft(number, 12);
+  if (!note.empty()) line += "   " + note;
+  return line + "\n";
+}
+
+std::string showDegrees(float celsius) {
+  return formatFixed(static_cast<double>(celsius), 1) + " C";
+}
+
+std::string junctionNote(const Estimate& estimate) {
+  std::string note = "at most " + showDegrees(estimate.junctionMax);
+  if (estimate.isJunctionGiven) return note + "; given, not calculated";
+  note += "; ambient " + showDegrees(estimate.ambient);
+  if (estimate.thetaJa)
+    note += ", theta JA " + formatFixed(static_cast<double>(*estimate.thetaJa), 2) + " C/W";
+  return note;
+}
+
+std::string budgetLine(const Estimate& estimate, const Style& style) {
+  const std::string limit = formatFixed(*estimate.budget, 3) + " W";
+  return summaryLine("Power budget", limit, estimate.isBudgetBroken() ? style.error("exceeded") : "met");
+}
+
+std::string printSummary(const Estimate& estimate, const BlockLine& total, const Style& style) {
+  std::string text = style.bold(estimate.name) + "\n";
+  text += estimate.part + (estimate.family.empty() ? "" : ", " + estimate.family) + ", process " +
+          estimate.process + "\n";
+  if (!estimate.characterization.empty()) text += "Characterization: " + estimate.characterization + "\n";
+  text += "\n" + summaryLine("Total on-chip power", showMilliwatts(total.milliwatts) + " W", "");
+  for (const BlockLine& kind : total.parts)
+    text += summaryLine("  " + kind.name, showMilliwatts(kind.milliwatts) + " W", "");
+  text += summaryLine("Junction temperature", showDegrees(estimate.junction), junctionNote(estimate));
+  const bool isTooHot = estimate.marginDegrees < 0;
+  std::string watts;
+  if (estimate.marginWatts) watts = formatFixed(static_cast<double>(*estimate.marginWatts), 3) + " W";
+  if (isTooHot) watts = style.error(watts.empty() ? "too hot" : watts + ", too hot");
+  text += summaryLine("Thermal margin", showDegrees(estimate.marginDegrees), watts);
+  if (estimate.budget) text += budgetLine(estimate, style);
+  return text;
+}
+
+// Blocks.
+
+std::string blockLine(const BlockLine& line) {
+  return padRight(std::string(2 * line.level, ' ') + line.name, 34) +
+         padLeft(showMilliwatts(line.milliwatts), 12) +
+         padLeft(formatFixed(static_cast<double>(line.tenthsOfPercent) * TenthOfPercent, 1), 9) + "\n";
+}
+
+/// The line and its parts; a block that rounds to nothing is left out.
+void printBlockLine(const BlockLine& line, std::string& text) {
+  if (line.level > 1 && line.milliwatts == 0) return;
+  text += blockLine(line);
+  for (const BlockLine& part : line.parts) printBlockLine(part, text);
+}
+
+std::string printBlocks(const BlockLine& total, const Style& style) {
+  std::string text =
+      "\n" + style.bold(padRight("Block", 34) + padLeft("Power (W)", 12) + padLeft("%", 9)) + "\n";
+  printBlockLine(total, text);
+  return text;
+}
+
+// Rails.
+
+std::string railLine(const std::string& name, const std::string (&cells)[5]) {
+  std::string line = padRight(name, 24);
+  for (const std::string& cell : cells) line += padLeft(cell, 13);
+  return line;
+}
+
+std::string printRails(const Estimate& estimate, const Style& style) {
+  if (estimate.rails.empty()) return "";
+  const std::string head =
+      railLine("Rail", {"Voltage (V)", "Dynamic (A)", "Static (A)", "Total (A)", "Power (W)"});
+  std::string text = "\n" + style.bold(head) + "\n";
+  for (const Estimate::Rail& rail : estimate.rails) {
+    const std::int64_t total = toUnits(static_cast<double>(rail.amperes), Milliwatt);
+    const auto parts =
+        apportion({static_cast<double>(rail.dynamicAmperes), static_cast<double>(rail.staticAmperes)},
+                  Milliwatt, total);
+    text +=
+        railLine(rail.name, {formatFixed(static_cast<double>(rail.volts), 3), showMilliwatts(parts[0]),
+                             showMilliwatts(parts[1]), showMilliwatts(total), formatFixed(rail.watts(), 3)}) +
+        "\n";
+  }
+  return text;
+}
+
+// Messages.
+
+std::string printMessage(const Estimate::Message& message, const Style& style) {
+  const bool isError = message.severity == KvxSeverity::ERROR;
+  std::string text = message.tab + " / " + message.table;
+  if (!message.row.empty()) text += " / " + message.row;
+  text += ": " + message.text;
+  std::string printed;
+  for (const std::string& line : wrapText(text, LineWidth - 9)) {
+    const std::string head = printed.empty()
+                                 ? (isError ? style.error("error") + "    " : style.warning("warning") + "  ")
+                                 : std::string(9, ' ');
+    printed += head + line + "\n";
+  }
+  return printed;
+}
+
+}  // namespace
+
+std::string printEstimate(const Estimate& estimate, const Style& style) {
+  const BlockLine total = makeBlockTree(estimate);
+  std::string text =
+      printSummary(estimate, total, style) + printBlocks(total, style) + printRails(estimate, style);
+  if (!estimate.messages.empty()) text += "\n" + style.bold("Messages") + "\n";
+  for (const Estimate::Message& message : estimate.messages) text += printMessage(message, style);
+  return text;
+}
+
+}  // namespace kvx
