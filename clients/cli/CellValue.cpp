@@ -25,7 +25,8 @@ Conversion refuseType(const SheetValue& written, const std::string& expected) {
 
 std::string adviseUnits(KVXEEnums::Unit unit) {
   const std::vector<std::string> units = unitsOf(unit);
-  return units.empty() ? "give a number without a unit" : "give a number, alone or with " + quotedList(units);
+  return units.empty() ? "give a number without a unit"
+                       : "give a number, alone or with " + listInQuotes(units);
 }
 
 std::string showBound(double bound) {
@@ -42,7 +43,7 @@ Conversion readNumber(const SheetValue& written, KVXEEnums::Unit unit, double& n
     const auto parsed = NumberText::parse(*text);
     if (!parsed) return refuse(describeValue(written) + " is no number", adviseUnits(unit));
     const auto stored = toStored(*parsed, unit);
-    if (!stored) return refuse(quoted(parsed->suffix) + " is no unit of this column", adviseUnits(unit));
+    if (!stored) return refuse(inQuotes(parsed->suffix) + " is no unit of this column", adviseUnits(unit));
     number = *stored;
   } else {
     return refuseType(written, "number");
@@ -148,7 +149,7 @@ std::string adviseEntries(KVXECell& cell, const std::string& text) {
   std::vector<std::string> entries;
   cell.getDDVals(entries);
   if (entries.size() > 8) return adviseName(text, entries);
-  return "choose " + std::string(entries.size() > 1 ? "one of " : "") + quotedList(entries);
+  return "choose " + std::string(entries.size() > 1 ? "one of " : "") + listInQuotes(entries);
 }
 
 void writeAsUser(KVXECell& cell, const CellValue& value) {

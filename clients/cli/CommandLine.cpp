@@ -59,7 +59,7 @@ void readBudget(Arguments& arguments, Diagnostics& diagnostics) {
   if (watts && *watts >= 0)
     arguments.estimate.budget = *watts;
   else
-    diagnostics.add({"--budget " + arguments.budget, 0}, quoted(arguments.budget) + " is no power",
+    diagnostics.add({"--budget " + arguments.budget, 0}, inQuotes(arguments.budget) + " is no power",
                     "give watts: 12.5 or \"12.5 W\"");
 }
 

@@ -8,6 +8,7 @@
 #include "engine/base/tabs/KVXESummaryTab.h"
 #include "engine/base/workbook/KVXERow.h"
 #include "models/common/KVXMHelperUtils.h"
+#include "models/common/ParamsRecord.h"
 
 namespace kvx {
 

@@ -46,8 +46,8 @@ std::string advisePart(const std::string& written) {
 }
 
 std::string readProcess(const Sheet& sheet, Diagnostics& diagnostics) {
-  const std::string remedy =
-      "write process = " + quoted(KVXEPartSelection::m_typStr) + " or " + quoted(KVXEPartSelection::m_maxStr);
+  const std::string remedy = "write process = " + inQuotes(KVXEPartSelection::m_typStr) + " or " +
+                             inQuotes(KVXEPartSelection::m_maxStr);
   if (!sheet.process) {
     if (!sheet.isDamaged) diagnostics.add(sheet.place, "the sheet names no process", remedy);
     return "";
@@ -56,7 +56,7 @@ std::string readProcess(const Sheet& sheet, Diagnostics& diagnostics) {
   for (const std::string& process : {KVXEPartSelection::m_typStr, KVXEPartSelection::m_maxStr})
     if (isSameSpelling(text, process)) return process;
   if (!text.empty() || !sheet.isDamaged)
-    diagnostics.add(sheet.process->place, quoted(text) + " is no process", remedy);
+    diagnostics.add(sheet.process->place, inQuotes(text) + " is no process", remedy);
   return "";
 }
 
@@ -78,7 +78,7 @@ ChosenPart choosePart(const Sheet& sheet, Diagnostics& diagnostics) {
   KVXEPartSelection* selection =
       device ? KVXEPartSelection::resetToArch(engineName(device->architecture)) : nullptr;
   if (!selection || !selection->selectPart(part, fallback)) {
-    diagnostics.add(sheet.part->place, "there is no part " + quoted(part), advisePart(part));
+    diagnostics.add(sheet.part->place, "there is no part " + inQuotes(part), advisePart(part));
     return chosen;
   }
   selection->redrawTabs(true);

@@ -85,7 +85,7 @@ ResourceFilter readResourceFilter(const std::string& text, const std::vector<Cat
     const char* const end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data() + at + 2, end, filter.count);
     if (error != std::errc() || stop != end)
-      diagnostics.add(place, quoted(text.substr(at + 2)) + " is no count", "write NAME or NAME>=COUNT");
+      diagnostics.add(place, inQuotes(text.substr(at + 2)) + " is no count", "write NAME or NAME>=COUNT");
   }
   std::vector<std::string> known;
   for (const CatalogueEntry& entry : entries)
@@ -96,7 +96,7 @@ ResourceFilter readResourceFilter(const std::string& text, const std::vector<Cat
       }
       if (std::find(known.begin(), known.end(), name) == known.end()) known.push_back(name);
     }
-  diagnostics.add(place, "no device has a resource " + quoted(filter.name), adviseName(filter.name, known));
+  diagnostics.add(place, "no device has a resource " + inQuotes(filter.name), adviseName(filter.name, known));
   return filter;
 }
 
@@ -111,7 +111,7 @@ void filterBy(const Field& field, const std::string& value, const std::vector<Ca
     if (!text.empty() && std::find(known.begin(), known.end(), text) == known.end()) known.push_back(text);
   }
   if (!isKnown)
-    return diagnostics.add({field.option + std::string(" ") + value, 0}, "no part has " + quoted(value),
+    return diagnostics.add({field.option + std::string(" ") + value, 0}, "no part has " + inQuotes(value),
                            adviseName(value, known));
   std::erase_if(entries,
                 [&](const CatalogueEntry& entry) { return !isSameSpelling(entry.*field.text, value); });

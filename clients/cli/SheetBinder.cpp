@@ -16,7 +16,7 @@ namespace {
 constexpr unsigned int MostRows = 20000;  // in one table
 
 std::string tableName(const KVXETable& table) {
-  return "table " + quoted(table.getTableTitle()->getTag(KVXEEnums::TitleType::DISPLAY));
+  return "table " + inQuotes(table.getTableTitle()->getTag(KVXEEnums::TitleType::DISPLAY));
 }
 
 /// The first text column that the user does not edit: in a table with fixed rows it names them.
@@ -65,10 +65,11 @@ void SheetBinder::bindRow(const SheetRow& row) {
   for (const Assignment& assignment : row.cells) {
     const auto column = findColumn(*table, assignment.key);
     if (!column) {
-      fail(assignment.place, tableName(*table) + " has no column " + quoted(assignment.key),
+      fail(assignment.place, tableName(*table) + " has no column " + inQuotes(assignment.key),
            adviseName(assignment.key, editableColumnNames(*table)));
     } else if (const auto [first, isNew] = seen.emplace(*column, &assignment); !isNew) {
-      fail(assignment.place, quoted(assignment.key) + " is the same column as " + quoted(first->second->key),
+      fail(assignment.place,
+           inQuotes(assignment.key) + " is the same column as " + inQuotes(first->second->key),
            "keep one of them");
     } else {
       bindCell(*table, index, *column, assignment, row.row.has_value());
@@ -79,16 +80,16 @@ void SheetBinder::bindRow(const SheetRow& row) {
 KVXETable* SheetBinder::findTarget(const SheetRow& row) {
   const KVXETab* tab = findTab(m_book, row.tab);
   if (!tab) {
-    fail(row.place, "the device has no tab " + quoted(row.tab), adviseName(row.tab, tabNames(m_book)));
+    fail(row.place, "the device has no tab " + inQuotes(row.tab), adviseName(row.tab, tabNames(m_book)));
     return nullptr;
   }
   KVXETable* table = row.table.empty() ? findMainTable(*tab) : findTable(*tab, row.table);
   if (table) return table;
   const std::string what = row.table.empty()
-                               ? "tab " + quoted(row.tab) + " has no table for rows of its own"
-                               : "tab " + quoted(row.tab) + " has no table " + quoted(row.table);
+                               ? "tab " + inQuotes(row.tab) + " has no table for rows of its own"
+                               : "tab " + inQuotes(row.tab) + " has no table " + inQuotes(row.table);
   fail(row.place, what,
-       row.table.empty() ? "write [[" + row.tab + ".TABLE]]: known are " + quotedList(tableNames(*tab))
+       row.table.empty() ? "write [[" + row.tab + ".TABLE]]: known are " + listInQuotes(tableNames(*tab))
                          : adviseName(row.table, tableNames(*tab)));
   return nullptr;
 }
@@ -129,7 +130,8 @@ unsigned int SheetBinder::findNamedRow(KVXETable& table, const std::string& text
 
 unsigned int SheetBinder::reportUnknownRow(const KVXETable& table, unsigned int column,
                                            const std::string& text, const Place& place) {
-  fail(place, tableName(table) + " has no row " + quoted(text), adviseName(text, columnTexts(table, column)));
+  fail(place, tableName(table) + " has no row " + inQuotes(text),
+       adviseName(text, columnTexts(table, column)));
   return 0;
 }
 
@@ -149,8 +151,8 @@ unsigned int SheetBinder::findFixedRow(KVXETable& table, const SheetRow& row) {
   if (!key) {
     const auto column = findKeyColumn(table);
     fail(row.place, "the entry does not say which row of " + tableName(table) + " it means",
-         column ? "give " + quoted(columnTitle(table, *column)) + ": known are " +
-                      quotedList(columnTexts(table, *column))
+         column ? "give " + inQuotes(columnTitle(table, *column)) + ": known are " +
+                      listInQuotes(columnTexts(table, *column))
                 : "the table has no rows to fill");
     return 0;
   }
@@ -171,8 +173,8 @@ void SheetBinder::bindCell(KVXETable& table, unsigned int row, unsigned int colu
     std::string present;
     cell.getVal(present, true);
     if (!table.getHasTableEditingFeatures() && text && isSameSpelling(present, *text)) return;
-    return fail(assignment.place, quoted(assignment.key) + " is calculated by the workbook",
-                "remove it, or give " + quotedList(editableColumnNames(table)));
+    return fail(assignment.place, inQuotes(assignment.key) + " is calculated by the workbook",
+                "remove it, or give " + listInQuotes(editableColumnNames(table)));
   }
   if (ClockNames::isClockColumn(table, column)) return bindClock(cell, assignment, isOverride);
   if (ClockNames::isNameColumn(table, column)) declareClock(assignment);
@@ -182,7 +184,7 @@ void SheetBinder::bindCell(KVXETable& table, unsigned int row, unsigned int colu
 void SheetBinder::bindClock(KVXECell& cell, const Assignment& assignment, bool isOverride) {
   const auto* name = std::get_if<std::string>(&assignment.value);
   if (!name)
-    return fail(assignment.place, quoted(assignment.key) + " takes the name of a clock",
+    return fail(assignment.place, inQuotes(assignment.key) + " takes the name of a clock",
                 "give the name in quotes");
   if (isOverride) std::erase_if(m_clockUses, [&cell](const ClockUse& use) { return use.cell == &cell; });
   m_clockUses.push_back({&cell, *name, assignment.key, assignment.place, m_isFailed.size() - 1});
@@ -191,7 +193,7 @@ void SheetBinder::bindClock(KVXECell& cell, const Assignment& assignment, bool i
 void SheetBinder::declareClock(const Assignment& assignment) {
   const auto* name = std::get_if<std::string>(&assignment.value);
   if (!name || m_clocks.declare(*name)) return;
-  fail(assignment.place, "there are two clocks " + quoted(*name), "give each clock a name of its own");
+  fail(assignment.place, "there are two clocks " + inQuotes(*name), "give each clock a name of its own");
 }
 
 /// Whether another entry of the sheet has set the cell; an override may.
@@ -199,7 +201,7 @@ bool SheetBinder::isOverwritten(const KVXECell& cell, const Assignment& assignme
   const auto found = m_writeOf.find(&cell);
   if (found == m_writeOf.end() || isOverride) return false;
   const Write& first = m_writes[found->second];
-  fail(assignment.place, quoted(assignment.key) + " of this row is given twice",
+  fail(assignment.place, inQuotes(assignment.key) + " of this row is given twice",
        "it stands in line " + std::to_string(first.place.line) + " already");
   return true;
 }
@@ -228,10 +230,10 @@ void SheetBinder::resolveClocks() {
     }
     m_isFailed[use.entry] = true;
     if (m_clocks.isDeclared(use.clock))
-      m_diagnostics.add(use.place, use.name + ": clock " + quoted(use.clock) + " has no frequency",
+      m_diagnostics.add(use.place, use.name + ": clock " + inQuotes(use.clock) + " has no frequency",
                         "give the clock's row a frequency");
     else
-      m_diagnostics.add(use.place, use.name + ": there is no clock " + quoted(use.clock),
+      m_diagnostics.add(use.place, use.name + ": there is no clock " + inQuotes(use.clock),
                         adviseName(use.clock, m_clocks.names()));
   }
 }
@@ -247,10 +249,10 @@ void SheetBinder::verifyWrite(const Write& write) {
   KVXECell& cell = *write.cell;
   const KVXETable& table = *cell.getRow()->getTable();
   if (!cell.getRow()->hasPlaceOnScreen())
-    return m_diagnostics.add(
-        write.place,
-        "the device has no " + quoted(rowName(table, cell.getRow()->getIndex())) + " in " + tableName(table),
-        "remove the entry");
+    return m_diagnostics.add(write.place,
+                             "the device has no " + inQuotes(rowName(table, cell.getRow()->getIndex())) +
+                                 " in " + tableName(table),
+                             "remove the entry");
   if (!cell.getIsEditable())
     return m_diagnostics.add(write.place, write.name + " is decided by the workbook in this row",
                              "remove it, or change what it follows from");
@@ -264,7 +266,7 @@ void SheetBinder::verifyWrite(const Write& write) {
   std::string present;
   cell.getValWithUnit(present, true);
   m_diagnostics.add(write.place, write.name + ": the workbook does not keep " + write.written,
-                    present.empty() ? "it leaves the cell blank" : "it takes " + quoted(present));
+                    present.empty() ? "it leaves the cell blank" : "it takes " + inQuotes(present));
 }
 
 }  // namespace kvx

@@ -89,15 +89,15 @@ void SheetBinder::bindEnvironment(const Sheet& sheet, float startThetaJa) {
   for (const Assignment& assignment : assignments) {
     const unsigned int row = environment->row(assignment.key);
     if (row == 0) {
-      fail(assignment.place, "the environment has no " + quoted(assignment.key),
+      fail(assignment.place, "the environment has no " + inQuotes(assignment.key),
            adviseName(assignment.key, environment->keys()));
     } else {
       write(*environment->cell(row, environment->value), assignment, false);
     }
   }
-  const unsigned int thetaRow = environment->row(ThetaKey);
-  if (!junction && !theta && thetaRow > 0)
-    writeAsUser(*environment->cell(thetaRow, environment->value), startThetaJa);
+  const bool needsTheta = !junction && !theta && findKey(assignments, AmbientKey);
+  const unsigned int thetaRow = needsTheta ? environment->row(ThetaKey) : 0;
+  if (thetaRow > 0) writeAsUser(*environment->cell(thetaRow, environment->value), startThetaJa);
 }
 
 }  // namespace kvx

@@ -61,7 +61,7 @@ void addOverride(const std::string& text, Sheet& sheet, Diagnostics& diagnostics
     else if (isSameSpelling(path[0], "process"))
       sheet.process = Assignment{path[0], std::string(written), place};
     else
-      diagnostics.add(place, quoted(path[0]) + " is no setting of a sheet", Form);
+      diagnostics.add(place, inQuotes(path[0]) + " is no setting of a sheet", Form);
   } else if (path.size() == 2 && isSameSpelling(path[0], "environment")) {
     std::erase_if(sheet.environment, [&](const Assignment& old) { return isSameSpelling(old.key, path[1]); });
     sheet.environment.push_back({path[1], value, place});

@@ -15,7 +15,7 @@
 namespace kvx {
 
 std::string describeValue(const SheetValue& value) {
-  if (const auto* text = std::get_if<std::string>(&value)) return quoted(*text);
+  if (const auto* text = std::get_if<std::string>(&value)) return inQuotes(*text);
   if (const auto* number = std::get_if<std::int64_t>(&value)) return std::to_string(*number);
   if (const auto* number = std::get_if<double>(&value)) return KVXMHelperUtils::ToString(*number);
   return std::get<bool>(value) ? "true" : "false";
@@ -55,7 +55,7 @@ class DocumentReader {
     if (const toml::array* rows = node.as_array(); rows && (rows->empty() || rows->is_array_of_tables()))
       return readRows(*rows, name, "");
     if (const toml::table* table = node.as_table()) return readTab(key, *table);
-    m_diagnostics.add(placeOf(key), quoted(name) + " is no setting of a sheet",
+    m_diagnostics.add(placeOf(key), inQuotes(name) + " is no setting of a sheet",
                       adviseName(name, {"name", "part", "process", "environment"}) +
                           " A row of a table begins with [[tab]]");
   }
@@ -69,12 +69,13 @@ class DocumentReader {
 
   void readSetting(const toml::key& key, const toml::node& node, std::optional<Assignment>& setting) {
     const std::string name(key.str());
-    if (setting) return m_diagnostics.add(placeOf(key), quoted(name) + " is given twice", "keep one of them");
+    if (setting)
+      return m_diagnostics.add(placeOf(key), inQuotes(name) + " is given twice", "keep one of them");
     const auto text = node.value<std::string>();
     setting = Assignment{name, text.value_or(""), placeOf(key)};
     if (text) return;
     m_sheet.isDamaged = true;
-    m_diagnostics.add(placeOf(key), quoted(name) + " has to be a text", "write " + name + " = \"...\"");
+    m_diagnostics.add(placeOf(key), inQuotes(name) + " has to be a text", "write " + name + " = \"...\"");
   }
 
   void readEnvironment(const toml::key& key, const toml::node& node) {
@@ -97,7 +98,7 @@ class DocumentReader {
         m_diagnostics.add(placeOf(name), "[" + path + "] makes no row",
                           "begin each row with [[" + path + "]]");
       } else {
-        m_diagnostics.add(placeOf(name), quoted(name.str()) + " stands in no row",
+        m_diagnostics.add(placeOf(name), inQuotes(name.str()) + " stands in no row",
                           "begin each row of the tab with [[" + tab + "]]");
       }
     }
@@ -115,7 +116,7 @@ class DocumentReader {
         if (table.empty())
           readRows(*inner, tab, std::string(name.str()));
         else
-          m_diagnostics.add(placeOf(name), "rows stand in rows of " + quoted(table),
+          m_diagnostics.add(placeOf(name), "rows stand in rows of " + inQuotes(table),
                             "write [[tab]] or [[tab.table]], no deeper");
       }
       row.cells = readCells(content);
@@ -133,7 +134,7 @@ class DocumentReader {
       if (const auto value = readValue(node)) {
         cells.push_back({std::string(key.str()), *value, placeOf(key)});
       } else {
-        m_diagnostics.add(placeOf(key), quoted(key.str()) + " has a value that no cell can hold",
+        m_diagnostics.add(placeOf(key), inQuotes(key.str()) + " has a value that no cell can hold",
                           "give a text in quotes, a number, true or false");
       }
     }

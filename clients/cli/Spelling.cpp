@@ -95,26 +95,26 @@ std::vector<std::string> nearestNames(std::string_view written, const std::vecto
 std::string adviseName(std::string_view written, const std::vector<std::string>& known) {
   if (known.empty()) return "there are none";
   const std::vector<std::string> nearest = nearestNames(written, known);
-  if (nearest.empty()) return (known.size() == 1 ? "known is " : "known are ") + quotedList(known);
+  if (nearest.empty()) return (known.size() == 1 ? "known is " : "known are ") + listInQuotes(known);
   std::string advice = "did you mean ";
   for (std::size_t i = 0; i < nearest.size(); ++i) {
     if (i > 0) advice += i + 1 == nearest.size() ? " or " : ", ";
-    advice += quoted(nearest[i]);
+    advice += inQuotes(nearest[i]);
   }
   return advice + "?";
 }
 
-std::string quotedList(const std::vector<std::string>& texts, std::size_t limit) {
+std::string listInQuotes(const std::vector<std::string>& texts, std::size_t limit) {
   std::string list;
   for (std::size_t i = 0; i < texts.size(); ++i) {
     if (i > 0) list += ", ";
     if (i == limit) return list + "... (" + std::to_string(texts.size()) + " in all)";
-    list += quoted(texts[i]);
+    list += inQuotes(texts[i]);
   }
   return list;
 }
 
-std::string quoted(std::string_view text) {
+std::string inQuotes(std::string_view text) {
   const bool isLong = text.size() > LongestShown;
   std::size_t end = isLong ? LongestShown : text.size();
   while (isLong && end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)

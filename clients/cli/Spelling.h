@@ -27,9 +27,9 @@ std::vector<std::string> nearestNames(std::string_view written, const std::vecto
 std::string adviseName(std::string_view written, const std::vector<std::string>& known);
 
 /// The texts in quotes with commas between them; from `limit` on only how many there are.
-std::string quotedList(const std::vector<std::string>& texts, std::size_t limit = 12);
+std::string listInQuotes(const std::vector<std::string>& texts, std::size_t limit = 12);
 
 /// The text in double quotes, without control characters and shortened where it is very long.
-std::string quoted(std::string_view text);
+std::string inQuotes(std::string_view text);
 
 }  // namespace kvx

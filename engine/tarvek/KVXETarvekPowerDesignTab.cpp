@@ -3,11 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#if 0
 #include "engine/base/tabs/KVXESummaryTab.h"
-#else
-struct KVXESummaryTab { static inline const KVXETitle m_rcxTableHeader{"A"}, m_rcxTypeColumn{"A"}, m_rcxOptionColumn{"A"}; static inline const std::string m_junctionTempStr="Junction Temperature",  m_rcxUsageStr="E"; };
-#endif
 #include "engine/base/workbook/KVXEBook.h"
 #include "engine/tarvek/KVXETarvekPartSelection.h"
 #include "models/tarvek/KVXMTarvekStatic.h"

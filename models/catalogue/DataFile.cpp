@@ -41,6 +41,8 @@ constexpr std::array knownFiles{
     KnownFile{"morlan", "coefficients.toml", DataKind::Coefficients},
     KnownFile{"som", "modules.csv", DataKind::Modules},
     KnownFile{"som", "resources.csv", DataKind::Resources},
+    KnownFile{"som", "regulators.csv", DataKind::BoardRegulators},
+    KnownFile{"som", "consumers.csv", DataKind::BoardConsumers},
     KnownFile{"common", "parameters.csv", DataKind::Parameters},
     KnownFile{"common", "aliases.csv", DataKind::Aliases},
 };

@@ -17,6 +17,8 @@ enum class DataKind {
   Packages,
   Parts,
   Coefficients,
+  BoardRegulators,
+  BoardConsumers,
   Parameters,
   Aliases
 };

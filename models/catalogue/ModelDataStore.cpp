@@ -6,6 +6,7 @@
 #include "models/catalogue/CatalogueBuilder.h"
 #include "models/catalogue/CoefficientReader.h"
 #include "models/catalogue/ModelData.h"
+#include "models/catalogue/SomBoardReader.h"
 #include "platform/wyr_common/NDUEnv.h"
 
 namespace kvxm {
@@ -39,8 +40,13 @@ std::unique_ptr<ModelDataStore> build(std::vector<DataFile> files, Problems& pro
     return std::pair(a.kind, a.isUser) < std::pair(b.kind, b.isUser);
   });
   CatalogueBuilder builder(problems);
+  SomBoardReader boardReader(problems);
   std::array<CoefficientSets, 2> sets;
   for (const DataFile& file : files) {
+    if (file.kind == DataKind::BoardRegulators || file.kind == DataKind::BoardConsumers) {
+      boardReader.read(file, builder.deviceNames(Architecture::Som));
+      continue;
+    }
     if (file.kind != DataKind::Coefficients) {
       builder.read(file);
       continue;
@@ -52,9 +58,11 @@ std::unique_ptr<ModelDataStore> build(std::vector<DataFile> files, Problems& pro
     if (!file.isUser) checkComplete(file, own, problems);
   }
   builder.finish();
+  boardReader.finish();
   auto store = std::make_unique<ModelDataStore>();
   store->catalogue =
       DeviceCatalogue(std::move(builder.families), std::move(builder.devices), std::move(builder.modules));
+  store->boards = std::move(boardReader.boards);
   store->characterisations = indexSets(sets, store->catalogue);
   store->parameters = std::move(builder.parameters);
   store->aliases = std::move(builder.aliases);

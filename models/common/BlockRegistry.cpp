@@ -2,6 +2,8 @@
 
 #include "models/morlan/KVXMMorlanClock.h"
 #include "models/morlan/KVXMMorlanLogicAbstract.h"
+#include "models/morlan/KVXMMorlanSM4.h"
+#include "models/morlan/KVXMMorlanSM6.h"
 #include "models/morlan/KVXMMorlanStatic.h"
 #include "models/tarvek/KVXMTarvekCleClk.h"
 #include "models/tarvek/KVXMTarvekCleLogic.h"
@@ -34,6 +36,8 @@ constexpr BlockDescription blocks[] = {
     KVXM_DESCRIBE(KVXMTarvekStatic),
     KVXM_DESCRIBE(KVXMMorlanClock),
     KVXM_DESCRIBE(KVXMMorlanLogicAbstract),
+    KVXM_DESCRIBE(KVXMMorlanSM4),
+    KVXM_DESCRIBE(KVXMMorlanSM6),
     KVXM_DESCRIBE(KVXMMorlanStatic),
 };
 // clang-format on

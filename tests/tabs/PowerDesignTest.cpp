@@ -120,6 +120,8 @@ TEST_P(EveryPowerDesign, RailsAddUpToOnChipPower) {
   EXPECT_NEAR(wattsOfRails({&KVXETab::m_staticCurrentColumn}), total - dynamic, 1e-5 * total);
   EXPECT_NEAR(wattsOfRails({&KVXETab::m_dynamicCurrentColumn}), dynamic, 1e-5 * total);
   EXPECT_NEAR(wattsOfRails({&KVXETab::m_totalCurrentColumn}), total, 1e-5 * total);
+  EXPECT_NEAR(Summary::getFpgaStaticPower(uid()), total - dynamic, 1e-5 * total);
+  EXPECT_NEAR(Summary::getFpgaTotalPower(uid()), total, 1e-5 * total);
 }
 
 TEST_P(EveryPowerDesign, JunctionSettlesWithItsLeakage) {
@@ -187,8 +189,10 @@ TEST_P(EveryPowerDesign, DependenciesStayFew) {
   EXPECT_LT(sources, 12u * 4 * table->getRowCount());
 }
 
-INSTANTIATE_TEST_SUITE_P(Architectures, EveryPowerDesign, testing::Values(tarvekPart, morlanPart),
-                         [](const auto& param) { return param.index ? "Morlan" : "Tarvek"; });
+INSTANTIATE_TEST_SUITE_P(Architectures, EveryPowerDesign,
+                         testing::Values(tarvekPart, "AN3060-LRVD1936_2-MP-E-S", "AH4080-KTVF2304_2-MP-E-S",
+                                         morlanPart, "HS440-SMRB900_2-E"),
+                         [](const auto& param) { return std::string(param.param, 5); });
 
 class PowerDesignTab : public PowerDesignBook {};
 

@@ -2,11 +2,7 @@
 
 #include "engine/base/selection/KVXEPartSelection.h"
 #include "engine/base/tabs/KVXEPowerDesignTab.h"
-#if 0
 #include "engine/base/tabs/KVXESummaryTab.h"
-#else
-struct KVXESummaryTab { static inline const KVXETitle m_envTableHeader{"A"}, m_envTypeColumn{"A"}, m_envTempColumn{"A"}, m_envValColumn{"A"}, m_onchipDynamicTableHeader{"A"}, m_onchipPowerColumn{"A"}; static inline const std::string m_junctionTempStr="Junction Temperature", m_AmbientTempStr="A", m_thetaJaStr="T", m_maxJunctionTempWithExcursionStr="E", m_userOverrideOnStr="O"; static constexpr float getDefaultJunctionTemp(){return 25;} static constexpr float getDefaultThetaJa(){return 1.23f;} static constexpr float getDefaultAmbientTemp(){return 25;} static constexpr float getDefaultMaxJunctionTemp(){return 100;} };
-#endif
 #include "engine/base/workbook/KVXEBook.h"
 #include "engine/base/workbook/KVXERow.h"
 #include "models/catalogue/DeviceCatalogue.h"
@@ -119,7 +115,8 @@ float KVXEPowerDesignTab::getThetaJA(const KVXEUID& uid) {
   return environmentValue(uid, KVXESummaryTab::m_thetaJaStr).value_or(KVXESummaryTab::getDefaultThetaJa());
 }
 float KVXEPowerDesignTab::getAmbientTemp(const KVXEUID& uid) {
-  return environmentValue(uid, KVXESummaryTab::m_AmbientTempStr).value_or(KVXESummaryTab::getDefaultAmbientTemp());
+  return environmentValue(uid, KVXESummaryTab::m_AmbientTempStr)
+      .value_or(KVXESummaryTab::getDefaultAmbientTemp());
 }
 float KVXEPowerDesignTab::getUserJunctionTemp(const KVXEUID& uid) {
   return environmentValue(uid, KVXESummaryTab::m_junctionTempStr).value_or(DefaultJunctionTemp);

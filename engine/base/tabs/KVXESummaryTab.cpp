@@ -262,6 +262,10 @@ void KVXESummaryTab::setRowVisible(KVXERow* row, bool isVisible) {
   row->setVisibility(isVisible ? Visibility::EXTERNAL : Visibility::ALWAYS_HIDDEN);
 }
 
+std::unique_ptr<kvxm::Record> KVXESummaryTab::makeStaticParams() const {
+  return nullptr;
+}
+
 std::unique_ptr<kvxm::Record> KVXESummaryTab::calculateStaticAt(const KVXEUID& uid, float celsius) const {
   std::unique_ptr<kvxm::Record> params = makeStaticParams();
   if (!params) return nullptr;

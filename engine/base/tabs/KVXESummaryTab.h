@@ -168,7 +168,8 @@ class KVXESummaryTab : public KVXETab {
   virtual std::span<const kvxe::OnchipStaticTerm> staticTerms() const { return {}; }
   /// The factor of the terms that are scaled.
   virtual float staticScale(kvxm::Record& /*result*/) const { return 1.0f; }
-  virtual std::unique_ptr<kvxm::Record> makeStaticParams() const { return nullptr; }
+  /// An input record of the static model; null without one.
+  virtual std::unique_ptr<kvxm::Record> makeStaticParams() const;
   virtual void calculateStatic(kvxm::Record&) const {}
   /// What the percentages of the on-chip tables relate to, in watts.
   virtual float percentageBase(const KVXEUID& uid);

@@ -1,0 +1,7 @@
+#include "engine/morlan/KVXEMorlanSummaryConsoleTab.h"
+
+void KVXEMorlanSummaryConsoleTab::init() {
+  initProjectTable();
+  initThermalTable();
+  initPowerTable();
+}

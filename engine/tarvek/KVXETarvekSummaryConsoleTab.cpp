@@ -1,0 +1,7 @@
+#include "engine/tarvek/KVXETarvekSummaryConsoleTab.h"
+
+void KVXETarvekSummaryConsoleTab::init() {
+  initProjectTable();
+  initThermalTable();
+  initPowerTable();
+}
