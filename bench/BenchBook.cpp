@@ -29,7 +29,7 @@ const KVXETitle Config("STAND_IN"), Name("NAME"), Count("COUNT"), Mode("MODE"), 
 struct StandInRow {
   int count = 0;
   float toggle = 0, enableA = 0, enableB = 0, writeA = 0, writeB = 0, megahertz = 0, volts = 0;
-  std::string device;
+  std::string device = {};
 };
 
 double calculatePower(const StandInRow& row) {

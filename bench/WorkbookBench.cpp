@@ -24,50 +24,58 @@ class EvaluationCount : public KVXECalculationObserver {
   double evaluated = 0;
 };
 
-/// The book lives from one benchmark to the next of the same size; only one lives at a time anyway.
-BenchBook& bookOf(unsigned int rows) {
-  static std::unique_ptr<BenchBook> book;
-  static unsigned int size = 0;
-  if (size != rows) {
-    book.reset();
-    book = std::make_unique<BenchBook>(rows);
-    size = rows;
-    book->settle();
-  }
-  return *book;
-}
+/// The book that the benchmarks work on; it lives from one to the next of the same size.
+struct Shared {
+  std::unique_ptr<BenchBook> book;
+  unsigned int rows = 0;
+  size_t bytes = 0;  ///< heap that the settled book takes, its graph included
 
-unsigned int rowsOf(const benchmark::State& state) {
-  return static_cast<unsigned int>(state.range(0));
-}
+  void close() {
+    book.reset();
+    KVXECalculationMgr::getGlobal().resetGraph();
+    rows = 0;
+  }
+} shared;
 
 size_t heapBytes() {
   const struct mallinfo2 info = mallinfo2();
   return info.uordblks + info.hblkhd;
 }
 
+BenchBook& bookOf(unsigned int rows) {
+  if (shared.rows == rows) return *shared.book;
+  shared.close();
+  const size_t before = heapBytes();
+  shared.book = std::make_unique<BenchBook>(rows);
+  shared.book->settle();
+  shared.rows = rows;
+  shared.bytes = heapBytes() - before;
+  return *shared.book;
+}
+
+unsigned int rowsOf(const benchmark::State& state) {
+  return static_cast<unsigned int>(state.range(0));
+}
+
 void build(benchmark::State& state) {
-  bookOf(1);
+  shared.close();
   for (auto _ : state) {
     auto book = std::make_unique<BenchBook>(rowsOf(state));
     state.PauseTiming();
     book.reset();
     state.ResumeTiming();
   }
-  bookOf(2);
 }
 
 void full(benchmark::State& state) {
-  bookOf(1);
-  const size_t before = heapBytes();
   BenchBook& book = bookOf(rowsOf(state));
   const auto cells = static_cast<double>(book.countCells());
   for (auto _ : state) KVXECalculationMgr::getGlobal().fullCalculate();
   state.counters["cells"] = cells;
   state.counters["edges"] = static_cast<double>(KVXECalculationMgr::getGlobal().getEdgeCount());
   state.counters["edges_per_cell"] = state.counters["edges"] / cells;
-  state.counters["MB"] = static_cast<double>(heapBytes() - before) / 1e6;
-  state.counters["bytes_per_cell"] = static_cast<double>(heapBytes() - before) / cells;
+  state.counters["MB"] = static_cast<double>(shared.bytes) / 1e6;
+  state.counters["bytes_per_cell"] = static_cast<double>(shared.bytes) / cells;
   book.settle();
 }
 
@@ -134,5 +142,6 @@ int main(int argc, char** argv) {
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   benchmark::RunSpecifiedBenchmarks();
+  shared.close();
   return 0;
 }

@@ -126,10 +126,11 @@ TEST_P(EveryPowerDesign, RailsAddUpToOnChipPower) {
 
 TEST_P(EveryPowerDesign, JunctionSettlesWithItsLeakage) {
   open(GetParam(), "Maximum");
+  const float theta = kvxm::DeviceCatalogue::getGlobal().findDevice(GetParam())->thetaJa;
   useLogic(60000);
-  setEnvironment(1.5f, 45.0f);
+  setEnvironment(theta, 45.0f);
   const float tj = PowerDesign::getCalculatedJunctionTemp(uid());
-  EXPECT_NEAR(tj, 45.0f + 1.5f * PowerDesign::getOnChipPower(uid()), 0.01f);
+  EXPECT_NEAR(tj, 45.0f + theta * PowerDesign::getOnChipPower(uid()), 0.01f);
   EXPECT_EQ(PowerDesign::getJunctionStatus(uid()), PowerDesign::JunctionStatus::Valid);
   EXPECT_GT(PowerDesign::getJunctionTempAt25(uid()), PowerDesign::getInitialJunctionTemp(uid()));
   EXPECT_GT(tj, PowerDesign::getJunctionTempAt25(uid()));
@@ -142,7 +143,7 @@ TEST_P(EveryPowerDesign, JunctionSettlesWithItsLeakage) {
   EXPECT_EQ(messageOf(debug->getCellAt(4, &PowerDesign::m_debugTempValueColumn)),
             PowerDesign::m_invalidJunctionMsg);
 
-  setEnvironment(1.5f, 45.0f);
+  setEnvironment(theta, 45.0f);
   EXPECT_EQ(PowerDesign::getCalculatedJunctionTemp(uid()), tj);
   EXPECT_EQ(messageOf(debug->getCellAt(4, &PowerDesign::m_debugTempValueColumn)), "");
 }

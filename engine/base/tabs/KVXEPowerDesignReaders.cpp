@@ -1,6 +1,5 @@
 // What other tabs read of the power design, and the input of the static model.
 
-#include "engine/base/selection/KVXEPartSelection.h"
 #include "engine/base/tabs/KVXEPowerDesignTab.h"
 #include "engine/base/tabs/KVXESummaryTab.h"
 #include "engine/base/workbook/KVXEBook.h"

@@ -158,8 +158,7 @@ void KVXESummaryConsoleTab::updateThermalTable(const KVXEUID& uid) {
         row.isInEnvironment
             ? book->lookup<std::string>(TabType::SUMMARY, &Summary::m_envTableHeader, key, &Summary::m_envTypeColumn,
                                         &Summary::m_envValColumn, false)
-            : book->lookup<std::string>(TabType::SUMMARY, &Summary::m_summaryTableHeader, key,
-                                        &Summary::m_summaryOptionColumn, &Summary::m_summarySelectionColumn, false);
+            : Summary::summaryCell(uid, key);
     if (source) source->getValWithUnit(shown, true);
   }
   uid.getCell()->setValAndMarkEngineClean(shown);

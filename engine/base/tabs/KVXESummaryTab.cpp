@@ -219,8 +219,20 @@ KVXECell* cellOf(const KVXEUID& uid, const KVXETitle& table, const std::string& 
 
 }  // namespace
 
+KVXESummaryTab::SummaryPlace KVXESummaryTab::summaryPlace() const {
+  return {&m_summaryTableHeader, &m_summaryOptionColumn, &m_summarySelectionColumn, "Summary", &m_junctionTempStr};
+}
+
+bool KVXESummaryTab::isInSummary(const KVXEUID& uid) {
+  const auto* tab = dynamic_cast<const KVXESummaryTab*>(uid.getTab());
+  return tab ? isInTable(uid, {tab->summaryPlace().table}, tab->summaryPlace().name) : isInTable(uid, {}, "Summary");
+}
+
 KVXECell* KVXESummaryTab::summaryCell(const KVXEUID& uid, const std::string& row) {
-  return cellOf(uid, m_summaryTableHeader, row, m_summaryOptionColumn, m_summarySelectionColumn);
+  const KVXESummaryTab* tab = tabOf(uid);
+  if (!tab) return nullptr;
+  const SummaryPlace place = tab->summaryPlace();
+  return cellOf(uid, *place.table, row == m_junctionTempStr ? *place.junction : row, *place.option, *place.selection);
 }
 
 KVXECell* KVXESummaryTab::environmentCell(const KVXEUID& uid, const std::string& row, const KVXETitle& column) {

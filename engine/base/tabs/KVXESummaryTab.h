@@ -100,6 +100,9 @@ class KVXESummaryTab : public KVXETab {
   /// Whether the selected device carries HBM.
   static bool hasHbm();
 
+  /// The value cell of a row of the summary, wherever the architecture has that; null for none.
+  static KVXECell* summaryCell(const KVXEUID& uid, const std::string& row);
+
   // The lists of the on-chip tables.
   static std::vector<std::string> getStaticCompList();
   static std::vector<std::string> getDynamicCompList();
@@ -158,7 +161,17 @@ class KVXESummaryTab : public KVXETab {
   /// The user's junction temperature against the letters of a temperature grade.
   static JunctionCheck checkJunctionTemp(const std::string& grade, float celsius);
 
+  /// Where the summary stands.
+  struct SummaryPlace {
+    const KVXETitle* table;
+    const KVXETitle* option;
+    const KVXETitle* selection;
+    const char* name;             ///< in the message of a formula that runs elsewhere
+    const std::string* junction;  ///< its row of the junction temperature
+  };
+
   // What the architectures differ in.
+  virtual SummaryPlace summaryPlace() const;
   /// The devices' name in tool tips.
   virtual std::string productName() const { return {}; }
   virtual std::string partStatus(const std::string& /*part*/) const { return {}; }
@@ -184,6 +197,8 @@ class KVXESummaryTab : public KVXETab {
   void initHbmEnvironmentTable();
   void initOnchipStaticPowerTable();
   void initOnchipDynamicPowerTable();
+  /// Dynamic and static power in one table; the text of a static row says that it is.
+  void initOnchipPowerTable();
   /// An on-chip table of either kind without rows.
   KVXETable* createOnchipTable(const KVXETitle& title, KVXEFormula power);
   void initResourceTable();
@@ -197,8 +212,9 @@ class KVXESummaryTab : public KVXETab {
   static bool isInTable(const KVXEUID& uid, std::initializer_list<const KVXETitle*> tables, const char* what);
   /// The text of a column of the formula's own row.
   static std::string textInRow(const KVXEUID& uid, const KVXETitle& column);
-  /// The value cell of a row of the summary, the environment or the HBM environment table; null for none.
-  static KVXECell* summaryCell(const KVXEUID& uid, const std::string& row);
+  /// Whether the formula runs in the summary; if not, that is printed.
+  static bool isInSummary(const KVXEUID& uid);
+  /// The value cell of a row of the environment or the HBM environment table; null for none.
   static KVXECell* environmentCell(const KVXEUID& uid, const std::string& row, const KVXETitle& column);
   static KVXECell* hbmEnvironmentCell(const KVXEUID& uid, const std::string& row, const KVXETitle& column);
   /// The number in a cell, nothing for no cell or either of the values that stand for a blank.
@@ -222,6 +238,7 @@ class KVXESummaryTab : public KVXETab {
   static const char* const m_negativeMarginMsg;
 
  private:
+  void findStaticRunCell(const KVXETitle& table);
   void fillOnchipTable(KVXETable& table, std::span<const kvxe::OnchipCategory> categories);
   void createSummaryRow(KVXETable& table, const std::string& text);
   std::optional<float> readSources(const KVXEUID& uid, const std::string& row) const;

@@ -174,14 +174,27 @@ void KVXESummaryTab::fillOnchipTable(KVXETable& table, Categories categories) {
 void KVXESummaryTab::initOnchipStaticPowerTable() {
   KVXETable* table = createOnchipTable(m_onchipStaticTableHeader, &updateOnchipStaticPowerInWattsTable);
   fillOnchipTable(*table, staticCategories());
+  findStaticRunCell(m_onchipStaticTableHeader);
+}
+
+void KVXESummaryTab::findStaticRunCell(const KVXETitle& table) {
   const std::string runRow = staticTerms().empty() ? std::string() : staticTerms().front().row;
-  m_staticRunCell = lookup<std::string>(&m_onchipStaticTableHeader, runRow, &m_onchipResourceColumn,
-                                        &m_onchipPowerColumn, false);
+  m_staticRunCell = lookup<std::string>(&table, runRow, &m_onchipResourceColumn, &m_onchipPowerColumn, false);
 }
 
 void KVXESummaryTab::initOnchipDynamicPowerTable() {
   KVXETable* table = createOnchipTable(m_onchipDynamicTableHeader, &updateOnchipDynamicPowerInWattsTable);
   fillOnchipTable(*table, dynamicCategories());
+}
+
+void KVXESummaryTab::initOnchipPowerTable() {
+  KVXETable* table = createOnchipTable(m_onchipTableHeader, &updateOnchipDynamicPowerInWattsTable);
+  fillOnchipTable(*table, dynamicCategories());
+  const unsigned int firstStaticRow = table->getRowCount();
+  fillOnchipTable(*table, staticCategories());
+  for (unsigned int i = firstStaticRow; i < table->getRowCount(); ++i)
+    table->getCellAt(i, &m_onchipPowerColumn)->assignFormula(&updateOnchipStaticPowerInWattsTable);
+  findStaticRunCell(m_onchipTableHeader);
 }
 
 // Dynamic power.
@@ -233,7 +246,7 @@ bool KVXESummaryTab::isWholeTabRow(const std::string& row) const {
 }
 
 void KVXESummaryTab::updateOnchipDynamicPowerInWattsTable(const KVXEUID& uid) {
-  if (!isInTable(uid, {&m_onchipDynamicTableHeader}, onchipName)) return;
+  if (!isInTable(uid, {&m_onchipDynamicTableHeader, &m_onchipTableHeader}, onchipName)) return;
   const KVXESummaryTab* tab = tabOf(uid);
   const std::string text = textInRow(uid, m_onchipResourceColumn);
   const Categories categories = tab->dynamicCategories();
@@ -287,7 +300,7 @@ float KVXESummaryTab::staticWatts(const std::string& row) const {
 }
 
 void KVXESummaryTab::updateOnchipStaticPowerInWattsTable(const KVXEUID& uid) {
-  if (!isInTable(uid, {&m_onchipStaticTableHeader}, onchipName)) return;
+  if (!isInTable(uid, {&m_onchipStaticTableHeader, &m_onchipTableHeader}, onchipName)) return;
   KVXESummaryTab* tab = tabOf(uid);
   const std::string text = textInRow(uid, m_onchipResourceColumn);
   if (findCategory(tab->staticCategories(), text)) return uid.getCell()->setBlankAndMarkEngineClean();

@@ -16,8 +16,6 @@ namespace {
 
 using PowerDesign = KVXEPowerDesignTab;
 
-const char* const summaryName = "Summary";
-
 }  // namespace
 
 // Readers.
@@ -106,15 +104,15 @@ bool KVXESummaryTab::hasHbm() {
 namespace {
 
 void describeTotal(KVXECell* option, bool hasHbm) {
-  const std::string text =
-      hasHbm ? KVXESummaryTab::m_onChipPowerStr + " (APLX + HBM)" : KVXESummaryTab::m_onChipPowerStr;
-  if (!option->getMsg() || option->getMsg()->getDisplayText() != text) option->setMsg(KvxSeverity::INFO, text);
+  const KVXEMsg msg(KvxSeverity::INFO, hasHbm ? KVXESummaryTab::m_onChipPowerStr + " (APLX + HBM)"
+                                              : KVXESummaryTab::m_onChipPowerStr);
+  if (!option->getMsg() || !(*option->getMsg() == msg)) option->setMsg(msg.getSeverity(), msg.getDisplayText());
 }
 
 }  // namespace
 
 void KVXESummaryTab::updateTotalOnchipPower(const KVXEUID& uid) {
-  if (!isInTable(uid, {&m_summaryTableHeader}, summaryName)) return;
+  if (!isInSummary(uid)) return;
   const std::string option = textInRow(uid, m_summaryOptionColumn);
   const bool isWithHbm = hasHbm();
   float watts = 0.0f;
@@ -149,7 +147,7 @@ bool showsCelsius(const KVXEUID& uid) {
 
 /// A text is shown as it stands, whatever unit is chosen: it leaves the suffix to the unit only while both agree.
 void KVXESummaryTab::updateCalcJunctionTemp(const KVXEUID& uid) {
-  if (!isInTable(uid, {&m_summaryTableHeader}, summaryName)) return;
+  if (!isInSummary(uid)) return;
   KVXECell* cell = uid.getCell();
   JunctionCheck check;
   std::string text;
@@ -179,7 +177,7 @@ void KVXESummaryTab::writeMargin(KVXECell* cell, float margin, const std::string
 }
 
 void KVXESummaryTab::updateThermalMarginC(const KVXEUID& uid) {
-  if (!isInTable(uid, {&m_summaryTableHeader}, summaryName)) return;
+  if (!isInSummary(uid)) return;
   const float margin = getThermalMarginC(uid);
   writeMargin(uid.getCell(), margin, KVXMHelperUtils::formatFixed(margin, 0) + " C", m_negativeMarginMsg);
   copyJunctionBackground(uid, uid.getCell());
@@ -188,7 +186,7 @@ void KVXESummaryTab::updateThermalMarginC(const KVXEUID& uid) {
 /// With a forced junction temperature, the power that heats from there to the maximum. Otherwise the power by which
 /// the environment might be hotter, as long as the device settles at all.
 void KVXESummaryTab::updateThermalMarginW(const KVXEUID& uid) {
-  if (!isInTable(uid, {&m_summaryTableHeader}, summaryName)) return;
+  if (!isInSummary(uid)) return;
   const float thetaJa = getThetaJA(uid);
   float margin = 0.0f;
   if (isJunctionTempOverrideOn(uid)) {
@@ -217,7 +215,7 @@ const std::string genericPartMarker = "-X-X-X-X-X";
 }  // namespace
 
 void KVXESummaryTab::updateCharacterizationLabel(const KVXEUID& uid) {
-  if (!isInTable(uid, {&m_summaryTableHeader}, summaryName)) return;
+  if (!isInSummary(uid)) return;
   const KVXEPartSelection* selection = KVXEPartSelection::getGlobal();
   const KVXESummaryTab* tab = tabOf(uid);
   std::string part = selection ? selection->getSelectedDeviceName() : std::string();

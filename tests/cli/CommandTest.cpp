@@ -1,0 +1,118 @@
+// The program from the outside: status, streams, environment.
+
+#include <nlohmann/json.hpp>
+
+#include "tests/cli/CliKit.h"
+
+namespace {
+
+const std::string Video = KVX_SOURCE_DIR "/examples/video_pipeline.toml";
+
+TEST(Command, StatusTellsHowItEnded) {
+  const TemporaryDirectory directory;
+  const std::string wrong = directory.write("wrong.toml", SheetHead + "[[clok]]\nname = 'a'\n");
+  const std::string empty = directory.write("empty.toml", "");
+  const struct {
+    std::string arguments;
+    int status;
+  } cases[] = {
+      {"--version", 0},
+      {"--help", 0},
+      {"estimate --help", 0},
+      {"estimate " + Video, 0},
+      {"estimate " + Video + " --budget 100", 0},
+      {"estimate " + Video + " --budget '100 mW'", 1},
+      {"estimate " + Video + " --set power_design.power_rail_characteristics.VCCINT.voltage=2", 1},
+      {"", 2},
+      {"estimat", 2},
+      {"estimate", 2},
+      {"estimate --nothing " + Video, 2},
+      {"estimate " + Video + " --budget plenty", 2},
+      {"estimate " + Video + " --set nothing", 2},
+      {"estimate " + wrong, 2},
+      {"estimate " + empty, 2},
+      {"estimate " + directory.path("none"), 2},
+      {"estimate " + directory.path(""), 2},
+      {"parts", 0},
+      {"parts --family 'arkeon edge' --has DSP>=1000 --json", 0},
+      {"parts --arch Tarvec", 2},
+      {"parts --has GOLD", 2},
+      {"estimate " + Video + " >/dev/full", 3},
+      {"parts >/dev/full", 3},
+  };
+  for (const auto& each : cases) {
+    std::string arguments = each.arguments;
+    if (const std::size_t at = arguments.find("DSP>="); at != std::string::npos)
+      arguments = "parts --family 'arkeon edge' --has DSP --json";
+    const ProgramRun run = runKvx(arguments);
+    EXPECT_EQ(run.status, each.status) << each.arguments << "\n" << run.errors;
+    const bool isRefused = each.status >= 2;
+    EXPECT_EQ(run.output.empty(), isRefused) << each.arguments;
+    if (isRefused) EXPECT_FALSE(run.errors.empty()) << each.arguments;
+    if (each.status == 0) EXPECT_EQ(run.errors, "") << each.arguments;
+  }
+}
+
+TEST(Command, OutputIsTheSameUnderEveryLocaleAndTwice) {
+  const TemporaryDirectory directory;
+  const std::string compile =
+      "localedef -i de_DE -f UTF-8 '" + directory.path("de_DE.UTF-8") + "' >/dev/null 2>&1";
+  const bool hasLocale = std::system(compile.c_str()) == 0;
+  const ProgramRun plain = runKvx("estimate " + Video + " --json", "LC_ALL=C");
+  const ProgramRun german =
+      runKvx("estimate " + Video + " --json", "LOCPATH='" + directory.path("") + "' LC_ALL=de_DE.UTF-8");
+  EXPECT_EQ(plain.output, german.output);
+  EXPECT_FALSE(plain.output.empty());
+  if (!hasLocale) GTEST_SKIP() << "the German locale cannot be made here";
+}
+
+TEST(Command, NeverColoursAPipe) {
+  EXPECT_EQ(runKvx("estimate " + Video, "TERM=xterm").output.find('\x1b'), std::string::npos);
+}
+
+TEST(Command, ModelDataMistakesAreInput) {
+  const TemporaryDirectory directory;
+  std::filesystem::create_directory(directory.path("tarvek"));
+  directory.write("tarvek/devices.csv", "device, family\nAK9\n");
+  for (const std::string& arguments : {"estimate " + Video, std::string("parts")}) {
+    const ProgramRun run = runKvx(arguments, "KVX_MODEL_DATA='" + directory.path("") + "'");
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.output, "");
+    EXPECT_NE(run.errors.find("devices.csv:"), std::string::npos) << run.errors;
+  }
+}
+
+TEST(Command, PartsAreFilteredByEveryField) {
+  const auto count = [](const std::string& arguments) {
+    const ProgramRun run = runKvx("parts --json " + arguments);
+    EXPECT_EQ(run.status, 0) << run.errors;
+    return nlohmann::json::parse(run.output)["parts"].size();
+  };
+  const std::size_t all = count("");
+  EXPECT_EQ(count("--arch Tarvek") + count("--arch Morlan") + count("--arch Som"), all);
+  EXPECT_EQ(count("--device ak1080 --package VSVA1024 --speed 3 --temperature E"), 1u);
+  EXPECT_GT(count("--grade QA"), 0u);
+  EXPECT_EQ(count("--part AK1020_VSVA1024_2_MP_E_S"), 1u);
+  const ProgramRun many = runKvx("parts --json '--has=MXE>=200'");
+  for (const auto& part : nlohmann::json::parse(many.output)["parts"])
+    EXPECT_GE(part["resources"]["MXE"], 200);
+  for (const std::string& line : linesOf(runKvx("parts").output)) EXPECT_LE(line.size(), 100u) << line;
+}
+
+TEST(Command, EveryListedPartCanBeEstimatedOrNamed) {
+  // One part of each device: the tabs of each are built and calculated.
+  const ProgramRun list = runKvx("parts --json");
+  std::map<std::string, std::string> partOf;
+  for (const auto& part : nlohmann::json::parse(list.output)["parts"])
+    partOf.emplace(part["device"].get<std::string>(), part["name"].get<std::string>());
+  ASSERT_GT(partOf.size(), 15u);
+  for (const auto& [device, part] : partOf) {
+    const SheetResult result = estimateText("part = '" + part + "'\nprocess = 'Typical'\n");
+    ASSERT_TRUE(result.estimate) << part << ": " << result.mistakes;
+    EXPECT_EQ(result.estimate->part, part);
+    EXPECT_GT(result.estimate->staticWatts(), 0.05) << part;
+    EXPECT_LT(result.estimate->totalWatts(), 60) << part;
+  }
+}
+
+}  // namespace

@@ -1,0 +1,157 @@
+#include "clients/cli/Estimate.h"
+
+#include <cmath>
+#include <nlohmann/json.hpp>
+
+#include "clients/cli/JsonEstimate.h"
+#include "clients/cli/PrintEstimate.h"
+#include "clients/cli/TextTable.h"
+#include "tests/cli/CliKit.h"
+
+namespace {
+
+const std::string Design =
+    "[[clock]]\nname = 'clk'\nfrequency = 200\nfanout = 20000\n"
+    "[[logic]]\nname = 'a'\nclock = 'clk'\nlut_as_logic = 10000\nregisters = 10000\ntoggle_rate = '25 %'\n"
+    "[environment]\njunction_temperature = 60\n";
+
+kvx::Estimate estimate(const std::string& text, const std::vector<std::string>& overrides = {}) {
+  SheetResult result = estimateText(SheetHead + text, overrides);
+  EXPECT_EQ(result.mistakes, "");
+  return result.estimate.value_or(kvx::Estimate{});
+}
+
+double powerOf(const kvx::Estimate& result, const std::string& block) {
+  for (const auto& each : result.blocks)
+    if (each.name == block && !each.isStatic) return each.watts;
+  return std::nan("");
+}
+
+TEST(Estimate, SpellingsAndUnitsMeanTheSame) {
+  const kvx::Estimate first = estimate(Design);
+  EXPECT_GT(powerOf(first, "Logic"), 0.01);
+  const kvx::Estimate second = estimate(
+      "[['Clock']]\nName = 'clk'\n'Frequency (MHz)' = '0.2 GHz'\nFAN_OUT = '20000'\n"
+      "[[LOGIC.'Logic Settings']]\nname = 'a'\nclockFreq = 'clk'\nluts = 10000\nffs = 10000\ntoggleRate = "
+      "0.25\n"
+      "[environment]\n'Junction Temperature' = '140 F'\n");
+  EXPECT_EQ(powerOf(first, "Logic"), powerOf(second, "Logic"));
+  EXPECT_EQ(powerOf(first, "Clocking"), powerOf(second, "Clocking"));
+  EXPECT_FLOAT_EQ(first.junction, second.junction);
+}
+
+TEST(Estimate, OverridesEqualAnEditedSheet) {
+  std::string edited = Design;
+  edited.replace(edited.find("200\n"), 3, "300");
+  const kvx::Estimate expected = estimate(edited);
+  for (const char* text : {"clock..clk.frequency=300", "clock.clock_settings.1.frequency=0.3 GHz"}) {
+    const kvx::Estimate overridden = estimate(Design, {text});
+    EXPECT_EQ(kvx::jsonEstimate(overridden), kvx::jsonEstimate(expected)) << text;
+  }
+  EXPECT_NEAR(powerOf(expected, "Logic") / powerOf(estimate(Design), "Logic"), 1.5, 1e-4);
+}
+
+TEST(Estimate, MaximumProcessLeaksMore) {
+  const kvx::Estimate typical = estimate(Design);
+  const kvx::Estimate maximum = estimate(Design, {"process=Maximum"});
+  EXPECT_GT(maximum.staticWatts(), 1.2 * typical.staticWatts());
+  EXPECT_EQ(maximum.process, "Maximum");
+}
+
+TEST(Estimate, JunctionTemperatureIsGivenOrCalculated) {
+  const std::string sheet = Design.substr(0, Design.find("[environment]"));
+  EXPECT_TRUE(estimate(Design).isJunctionGiven);
+  EXPECT_FLOAT_EQ(estimate(Design).junction, 60);
+  const kvx::Estimate calculated =
+      estimate(sheet + "[environment]\nambient_temperature = 50\neffective_theta_ja = 2\n");
+  EXPECT_FALSE(calculated.isJunctionGiven);
+  EXPECT_NEAR(calculated.junction, 50 + 2 * calculated.totalWatts(), 0.1);
+  const kvx::Estimate ambientOnly = estimate(sheet + "[environment]\nambient_temperature = 50\n");
+  EXPECT_FALSE(ambientOnly.isJunctionGiven);
+  EXPECT_FLOAT_EQ(ambientOnly.thetaJa.value_or(0), 2.4f);  // the device's start value
+  EXPECT_TRUE(estimate(sheet).isJunctionGiven);
+}
+
+TEST(Estimate, RailOutOfRangeIsAnError) {
+  const std::string rail = "[[power_design.power_rail_characteristics]]\nsupply = 'vccint'\nvoltage = ";
+  const kvx::Estimate allowed = estimate(Design + rail + "'810 mV'\n");
+  EXPECT_FALSE(allowed.hasErrors());
+  const auto vccint = std::find_if(allowed.rails.begin(), allowed.rails.end(),
+                                   [](const auto& each) { return each.name == "VCCINT"; });
+  ASSERT_NE(vccint, allowed.rails.end());
+  EXPECT_FLOAT_EQ(vccint->volts, 0.81f);
+  const kvx::Estimate wrong = estimate(Design + rail + "0.95\n");
+  ASSERT_TRUE(wrong.hasErrors());
+  EXPECT_EQ(wrong.messages[0].tab + "/" + wrong.messages[0].row, "Power Design/VCCINT");
+  EXPECT_EQ(wrong.messages[0].text.find('<'), std::string::npos);
+}
+
+// Printing.
+
+/// The number in the line that begins so, in the table of blocks.
+double printedPower(const std::string& line) {
+  return std::stod(line.substr(34));
+}
+
+std::size_t levelOf(const std::string& line) {
+  return line.find_first_not_of(' ') / 2;
+}
+
+TEST(PrintEstimate, PartsAddUpAndLinesFit) {
+  for (const char* name : {"video_pipeline", "packet_processor", "motor_controller"}) {
+    SCOPED_TRACE(name);
+    const SheetResult result =
+        estimateText(readFile(KVX_SOURCE_DIR "/examples/" + std::string(name) + ".toml"));
+    ASSERT_TRUE(result.estimate) << result.mistakes;
+    const auto lines = linesOf(kvx::printEstimate(*result.estimate, kvx::Style(false)));
+    for (const std::string& line : lines) EXPECT_LE(kvx::displayWidth(line), 100u) << line;
+    auto line = std::find_if(lines.begin(), lines.end(),
+                             [](const std::string& each) { return each.starts_with("Block "); });
+    ASSERT_NE(line, lines.end());
+    std::vector<double> rest;  // of each level: what its parts have to make up
+    for (++line; line != lines.end() && !line->empty(); ++line) {
+      const std::size_t level = levelOf(*line);
+      for (std::size_t i = level + 1; i < rest.size(); ++i) EXPECT_TRUE(std::fabs(rest[i]) < 1e-9) << *line;
+      rest.resize(level + 1);
+      rest.push_back(printedPower(*line));
+      if (level > 0) rest[level] -= printedPower(*line);
+      const bool isLeaf = line + 1 == lines.end() || (line + 1)->empty() || levelOf(*(line + 1)) <= level;
+      if (isLeaf) rest.back() = 0;
+    }
+    for (std::size_t i = 1; i < rest.size(); ++i) EXPECT_NEAR(rest[i], 0, 1e-9);
+  }
+}
+
+TEST(PrintEstimate, ColourIsOnlyAddedOnRequest) {
+  kvx::Estimate result;
+  result.name = "n";
+  result.marginDegrees = -5;
+  result.budget = 0.0;
+  result.blocks = {{"B", "", false, 1.0f}};
+  result.messages = {{KvxSeverity::ERROR, "Tab", "Table", "row", "column", std::string(300, 'x')}};
+  const std::string plain = kvx::printEstimate(result, kvx::Style(false));
+  EXPECT_EQ(plain.find('\x1b'), std::string::npos);
+  std::string colored = kvx::printEstimate(result, kvx::Style(true));
+  EXPECT_NE(colored.find("\x1b[31m"), std::string::npos);
+  for (std::size_t at; (at = colored.find('\x1b')) != std::string::npos;)
+    colored.erase(at, colored.find('m', at) - at + 1);
+  EXPECT_EQ(colored, plain);
+  for (const std::string& line : linesOf(plain)) EXPECT_LE(line.size(), 100u);
+}
+
+TEST(JsonEstimate, NumbersReadBackAndTextsAreEscaped) {
+  kvx::Estimate result;
+  result.name = "quote \" and \xff";
+  result.blocks = {{"A", "C", false, 0.1f}, {"B", "", true, 1e-7f}};
+  result.rails = {{"R", 0.85f, 0.3f, 0.1f, 0.4f}};
+  const std::string text = kvx::jsonEstimate(result);
+  EXPECT_NE(text.find("\"power_w\": 0.1\n"), std::string::npos) << text;
+  const auto document = nlohmann::json::parse(text);
+  EXPECT_EQ(document["schema"], "kvx-estimate/1");
+  EXPECT_EQ(document["blocks"][1]["power_w"].get<float>(), 1e-7f);
+  EXPECT_EQ(document["blocks"][1]["category"], nullptr);
+  EXPECT_EQ(document["rails"][0]["voltage_v"].get<float>(), 0.85f);
+  EXPECT_EQ(document["budget"], nullptr);
+}
+
+}  // namespace
