@@ -41,7 +41,7 @@ ProgramRun runKvx(const std::string& arguments, const std::string& environment) 
   const TemporaryDirectory directory;
   const std::string command =
       environment + " '" KVX_PROGRAM "' " + arguments + " 2>'" + directory.path("err") + "'";
-  const bool hasTarget = arguments.find('>') != std::string::npos;
+  const bool hasTarget = arguments.find(" >") != std::string::npos;
   const int status = std::system((command + (hasTarget ? "" : " >'" + directory.path("out") + "'")).c_str());
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, readFile(directory.path("out")),
           readFile(directory.path("err"))};

@@ -192,21 +192,29 @@ void KVXEPowerDesignTab::updateStepLoad(const KVXEUID& uid) {
 
 // Currents.
 
-/// What a rail leaks at a temperature. Its own voltage decides: the others are not read, and count as
-/// switched off.
-float KVXEPowerDesignTab::staticCurrent(const KVXEUID& uid, const std::string& rail, float celsius) {
+/// Fills one column of currents for all rails from a single run of the static model at a temperature: the cells of the
+/// column share their formula, and whichever is evaluated first writes them all. `shown` says what a row shows of the
+/// current that its rail leaks; nothing leaves its cell blank.
+void KVXEPowerDesignTab::writeLeakageCurrents(const KVXEUID& uid, const KVXETitle& column, float celsius,
+                                              std::optional<float> (*shown)(KVXERow* row, float amperes)) {
   const KVXEPowerDesignTab* tab = tabOf(uid);
   const kvxm::Device* device = deviceOf(uid);
-  const int index = device ? kvxm::staticRailIndex(*device, rail) : -1;
-  if (index < 0) return 0.0f;
   const auto params = tab->makeStaticParams();
+  updateVoltageParams(uid, *params);
   updateDeviceParams(uid, *params);
   updateBlockParams(uid, *params);
-  for (int i = 0; i < static_cast<int>(kvxm::mostStaticRails); ++i)
-    *params->findFloat(StaticKey::RAIL_VOLTAGE_0 + i) = i == index ? getVoltage(uid, rail) : 0.0f;
   *params->findFloat(StaticKey::JUNCTION_TEMP) = celsius;
   tab->calculateStatic(*params);
-  return *params->findFloat(StaticKey::RAIL_CURRENT_0 + index);
+  for (unsigned int i = 1; i < uid.getTable()->getRowCount(); ++i) {
+    KVXERow* row = uid.getTable()->getRow(i);
+    const int index = device ? kvxm::staticRailIndex(*device, textOf(row, m_internalSupplyColumn)) : -1;
+    const auto amperes = index < 0 ? std::nullopt : shown(row, *params->findFloat(StaticKey::RAIL_CURRENT_0 + index));
+    if (amperes) {
+      row->getCell(&column)->setValAndMarkEngineClean(*amperes);
+    } else {
+      row->getCell(&column)->setBlankAndMarkEngineClean();
+    }
+  }
 }
 
 /// The current cell of a rail that the device has; nothing, with the cell blank, for any other row.
@@ -219,9 +227,9 @@ std::optional<std::string> KVXEPowerDesignTab::beginCurrent(const KVXEUID& uid) 
 }
 
 void KVXEPowerDesignTab::updateStaticCurrentPowerSupplyTable(const KVXEUID& uid) {
-  const auto rail = beginCurrent(uid);
-  if (!rail) return;
-  uid.getCell()->setValAndMarkEngineClean(staticCurrent(uid, *rail, getCalculatedJunctionTemp(uid)));
+  if (!isInSupplyTable(uid)) return;
+  writeLeakageCurrents(uid, m_staticCurrentColumn, getCalculatedJunctionTemp(uid),
+                       [](KVXERow*, float amperes) { return std::optional(amperes); });
 }
 
 void KVXEPowerDesignTab::updateDynamicCurrentPowerSupplyTable(const KVXEUID& uid) {
@@ -246,13 +254,12 @@ void KVXEPowerDesignTab::updateTotalCurrentPowerSupplyTable(const KVXEUID& uid) 
 }
 
 void KVXEPowerDesignTab::updatePowerupCurrentPowerSupplyTable(const KVXEUID& uid) {
-  const auto rail = beginCurrent(uid);
-  if (!rail) return;
+  if (!isInSupplyTable(uid)) return;
   if (getProcess(uid) != "Maximum") return uid.getCell()->setBlankAndMarkEngineClean();
-  const float startup = staticCurrent(uid, *rail, getMaxJunctionTemp(uid));
-  if (startup > kvxe::readNumber(uid.getRow(), m_totalCurrentColumn, 0.0f))
-    return uid.getCell()->setValAndMarkEngineClean(startup);
-  uid.getCell()->setBlankAndMarkEngineClean();
+  writeLeakageCurrents(uid, m_powerupCurrentColumn, getMaxJunctionTemp(uid), [](KVXERow* row, float startup) {
+    const float total = kvxe::readNumber(row, m_totalCurrentColumn, 0.0f);
+    return startup > total ? std::optional(startup) : std::nullopt;
+  });
 }
 
 // Junction temperature.

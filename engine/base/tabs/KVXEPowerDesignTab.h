@@ -203,7 +203,8 @@ class KVXEPowerDesignTab : public KVXETab {
   static std::string gradeOf(const KVXEUID& uid);
   static std::optional<std::string> beginCurrent(const KVXEUID& uid);
   static float staticOutput(const KVXEUID& uid, int key);
-  static float staticCurrent(const KVXEUID& uid, const std::string& rail, float celsius);
+  static void writeLeakageCurrents(const KVXEUID& uid, const KVXETitle& column, float celsius,
+                                   std::optional<float> (*shown)(KVXERow* row, float amperes));
   static float debugValue(const KVXEUID& uid, DebugRow row, float fallback);
 
   std::unordered_map<std::string, KVXECell*> m_voltageCells;  ///< by rail, whether or not the device has it

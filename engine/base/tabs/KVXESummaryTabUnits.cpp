@@ -126,7 +126,7 @@ void KVXESummaryTab::updateUnitMultiplierOffset(const KVXEUID& uid) {
     std::string suffix;
     if (KVXERow* row = choiceRow(uid, name)) row->getCell(&m_UnitsSuffix)->getVal(suffix, true);
     const Scale* scale = findScale(quantity, suffix);
-    if (!scale)
+    if (!scale && name.isShown)
       std::cout << "Error: Selected unit is not present in multiplier map : " << uid.getCell()->describe(" -> ")
                 << '\n';
     if (!scale) scale = &quantity->scales.front();
