@@ -29,11 +29,14 @@ void ClockNames::readTags(KVXEBook& book) {
 }
 
 std::optional<std::string> ClockNames::tagOf(const std::string& name) const {
-  const auto found = m_tags.find(name);
-  if (found != m_tags.end() && !found->second.empty()) return found->second;
-  for (const auto& [other, tag] : m_tags)
-    if (!tag.empty() && tag == name) return tag;
-  return std::nullopt;
+  const auto find = [this](const std::string& clock) {
+    const auto found = m_tags.find(clock);
+    return found == m_tags.end() || found->second.empty() ? std::nullopt : std::optional(found->second);
+  };
+  if (const auto tag = find(name)) return tag;
+  const auto parsed = kvxe::ClockTag::parse(name);
+  const auto tag = parsed ? find(std::string(parsed->name)) : std::nullopt;
+  return tag == name ? tag : std::nullopt;
 }
 
 std::vector<std::string> ClockNames::names() const {

@@ -5,12 +5,6 @@
 
 namespace kvx {
 
-namespace {
-
-constexpr std::size_t MostPrinted = 200;  // a sheet that is wrong throughout need not fill the terminal
-
-}  // namespace
-
 std::size_t Diagnostics::sourceOf(const std::string& name) {
   const auto found = std::find(m_sources.begin(), m_sources.end(), name);
   if (found != m_sources.end()) return static_cast<std::size_t>(found - m_sources.begin());

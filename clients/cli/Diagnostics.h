@@ -18,10 +18,15 @@ class Diagnostics {
 
   bool isEmpty() const { return m_entries.empty(); }
   std::size_t size() const { return m_entries.size(); }
+  /// Further mistakes are only counted; advice for them need not be worked out.
+  bool isFull() const { return m_entries.size() >= MostPrinted; }
   /// One line each, "file:line: what; what would be right", in the order of sources and lines.
   void print(std::ostream& out) const;
 
  private:
+  static constexpr std::size_t MostPrinted =
+      200;  // a sheet that is wrong throughout need not fill the terminal
+
   struct Entry {
     std::size_t source;  // in the order of their first mistake
     unsigned int line;

@@ -24,6 +24,13 @@ double Estimate::staticWatts() const {
   return sum;
 }
 
+std::optional<double> Estimate::boardWatts() const {
+  if (components.empty()) return std::nullopt;
+  double sum = 0;
+  for (const Component& component : components) sum += static_cast<double>(component.watts);
+  return sum;
+}
+
 bool Estimate::hasErrors() const {
   return std::any_of(messages.begin(), messages.end(),
                      [](const Message& message) { return message.severity == KvxSeverity::ERROR; });
@@ -117,6 +124,22 @@ std::vector<Estimate::Rail> readRails(const KVXEBook& book) {
   return rails;
 }
 
+/// Modules tell where on the board heat arises.
+std::vector<Estimate::Component> readComponents(const KVXETab& summary) {
+  std::vector<Estimate::Component> components;
+  const KVXETable* table = findTable(summary, "thermal loading");
+  const auto name = table ? findColumn(*table, "component") : std::nullopt;
+  const auto power = table ? findColumn(*table, "power") : std::nullopt;
+  if (!name || !power) return components;
+  forEachShownRow(table, [&](KVXERow* row) {
+    std::string text;
+    float watts = 0;
+    row->getCell(*name)->getVal(text, true);
+    if (row->getCell(*power)->getVal(watts, true)) components.push_back({text, watts});
+  });
+  return components;
+}
+
 // Messages.
 
 /// The text without markup, on one line.
@@ -145,7 +168,8 @@ void readMessages(const KVXETab& tab, const KVXETable& table, std::vector<Estima
   forEachShownRow(&table, [&](KVXERow* row) {
     for (unsigned int column = 0; column < row->getColumnCount(); ++column) {
       const KVXEMsg* msg = row->getCell(column)->getMsg();
-      if (msg) add(msg, rowName(table, row->getIndex()), columnTitle(table, column));
+      if (msg && table.getColumnVisibility(column) == Visibility::EXTERNAL)
+        add(msg, rowName(table, row->getIndex()), columnTitle(table, column));
     }
   });
 }
@@ -162,27 +186,46 @@ std::vector<Estimate::Message> readMessages(const KVXEBook& book) {
   return messages;
 }
 
-/// A row of the summary by its text, as the screen shows it.
-std::string readSummaryRow(KVXETab& summary, const std::string& row) {
-  KVXECell* cell =
-      summary.getTable(&Summary::m_summaryTableHeader)
-          ? summary.lookup<std::string>(&Summary::m_summaryTableHeader, row, &Summary::m_summaryOptionColumn,
-                                        &Summary::m_summarySelectionColumn, false)
-          : nullptr;
+/// A row of the summary by its text, as the screen shows it. A module has a summary table of its own.
+std::string readSummaryRow(const KVXETab& summary, const std::string& row) {
+  const KVXETable* table = summary.getTable(&Summary::m_summaryTableHeader);
+  if (!table) table = findTable(summary, "power summary");
   std::string text;
-  if (cell) cell->getVal(text, true);
-  return text;
+  for (unsigned int i = 1; table && i < table->getRowCount(); ++i) {
+    table->getCellAt(i, 0u)->getVal(text, true);
+    if (text != row) continue;
+    table->getCellAt(i, 1u)->getVal(text, true);
+    return text;
+  }
+  return "";
 }
 
-void readThermal(KVXETab& summary, const KVXEUID& uid, Estimate& estimate) {
+void readThermal(const KVXETab& summary, const KVXEUID& uid, Estimate& estimate) {
   estimate.isJunctionGiven = Summary::isJunctionTempOverrideOn(uid);
   estimate.junction = Summary::getCalculatedJunctionTemp(uid);
   estimate.junctionMax = Summary::getMaxJunctionTemp(uid);
   estimate.ambient = Summary::getAmbientTemp(uid);
   if (!estimate.isJunctionGiven) estimate.thetaJa = Summary::getThetaJA(uid);
   estimate.marginDegrees = estimate.junctionMax - estimate.junction;
+  estimate.isJunctionValid =
+      KVXEPowerDesignTab::getJunctionStatus(uid) == KVXEPowerDesignTab::JunctionStatus::Valid;
   const std::string watts = readSummaryRow(summary, Summary::m_thermalPowerMarginStr);
   if (!watts.empty()) estimate.marginWatts = KVXMHelperUtils::s2f(watts);
+}
+
+/// The workbook only colours the cell; an estimate without a valid temperature must not pass a pipeline.
+Estimate::Message invalidJunction(const KVXETable& environment, const KVXEUID& uid) {
+  const bool isRunaway =
+      KVXEPowerDesignTab::getJunctionStatus(uid) == KVXEPowerDesignTab::JunctionStatus::NoSolution;
+  return {
+      KvxSeverity::ERROR,
+      environment.getTab()->getPBTitle(),
+      environment.getTableTitle()->getTag(KVXEEnums::TitleType::DISPLAY),
+      Summary::m_junctionTempStr,
+      "",
+      isRunaway
+          ? "Leakage heats the device faster than it is cooled: there is no temperature at which it settles."
+          : "Above 125 C the power and thermal estimates are no longer valid."};
 }
 
 }  // namespace
@@ -198,9 +241,12 @@ Estimate readEstimate(KVXEBook& book) {
   std::stable_partition(estimate.blocks.begin(), estimate.blocks.end(),
                         [](const Estimate::Block& block) { return !block.isStatic; });
   estimate.rails = readRails(book);
+  estimate.components = readComponents(*summary);
   estimate.characterization = readSummaryRow(*summary, Summary::m_characterizationStr);
   readThermal(*summary, uid, estimate);
   estimate.messages = readMessages(book);
+  if (!estimate.isJunctionValid)
+    estimate.messages.insert(estimate.messages.begin(), invalidJunction(*environment, uid));
   return estimate;
 }
 

@@ -26,6 +26,11 @@ struct Estimate {
     float amperes = 0;
     double watts() const { return static_cast<double>(volts) * static_cast<double>(amperes); }
   };
+  /// A part of a module's board and what it turns into heat.
+  struct Component {
+    std::string name;
+    float watts = 0;
+  };
   struct Message {
     KvxSeverity severity = KvxSeverity::WARNING;
     std::string tab, table, row, column, text;
@@ -35,11 +40,13 @@ struct Estimate {
   std::string name, part, process, architecture, family;
 
   std::string characterization;
-  std::vector<Block> blocks;  ///< in the order of the summary, dynamic ones first
-  std::vector<Rail> rails;    ///< that the part has
+  std::vector<Block> blocks;          ///< in the order of the summary, dynamic ones first
+  std::vector<Rail> rails;            ///< that the part has
+  std::vector<Component> components;  ///< of the board; none for a part that is no module
   std::vector<Message> messages;
 
   bool isJunctionGiven = false;  ///< by the user, not calculated
+  bool isJunctionValid = true;   ///< false when the device runs away, or beyond where estimates hold
   float junction = 0;
   float junctionMax = 0;
   float ambient = 0;
@@ -50,8 +57,12 @@ struct Estimate {
 
   double dynamicWatts() const;
   double staticWatts() const;
+  /// On the chip.
   double totalWatts() const { return dynamicWatts() + staticWatts(); }
-  bool isBudgetBroken() const { return budget && totalWatts() > *budget; }
+  /// At the board's input; nothing for a part that is no module.
+  std::optional<double> boardWatts() const;
+  /// The budget of a module is that of its board.
+  bool isBudgetBroken() const { return budget && boardWatts().value_or(totalWatts()) > *budget; }
   bool hasErrors() const;
 };
 

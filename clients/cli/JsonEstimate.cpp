@@ -18,6 +18,7 @@ Json textOrNull(const std::string& text) {
 Json thermal(const Estimate& estimate) {
   return {{"junction_c", estimate.junction},
           {"junction_given", estimate.isJunctionGiven},
+          {"junction_valid", estimate.isJunctionValid},
           {"junction_max_c", estimate.junctionMax},
           {"ambient_c", estimate.ambient},
           {"theta_ja_c_per_w", orNull(estimate.thetaJa)},
@@ -39,6 +40,10 @@ Json rail(const Estimate::Rail& rail) {
           {"static_a", rail.staticAmperes},
           {"total_a", rail.amperes},
           {"power_w", static_cast<float>(rail.watts())}};
+}
+
+Json component(const Estimate::Component& component) {
+  return {{"name", component.name}, {"power_w", component.watts}};
 }
 
 Json message(const Estimate::Message& message) {
@@ -70,12 +75,14 @@ std::string jsonEstimate(const Estimate& estimate) {
                       {"characterization", textOrNull(estimate.characterization)}};
   document["power_w"] = {{"total", static_cast<float>(estimate.totalWatts())},
                          {"dynamic", static_cast<float>(estimate.dynamicWatts())},
-                         {"static", static_cast<float>(estimate.staticWatts())}};
+                         {"static", static_cast<float>(estimate.staticWatts())},
+                         {"board", orNull(estimate.boardWatts())}};
   document["thermal"] = thermal(estimate);
   document["budget"] = estimate.budget ? Json{{"limit_w", static_cast<float>(*estimate.budget)},
                                               {"met", !estimate.isBudgetBroken()}}
                                        : Json(nullptr);
   document["blocks"] = list(estimate.blocks, block);
+  document["components"] = list(estimate.components, component);
   document["rails"] = list(estimate.rails, rail);
   document["messages"] = list(estimate.messages, message);
   return toText(document);

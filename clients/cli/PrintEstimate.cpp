@@ -93,11 +93,17 @@ std::string budgetLine(const Estimate& estimate, const Style& style) {
 }
 
 std::string printSummary(const Estimate& estimate, const BlockLine& total, const Style& style) {
-  std::string text = style.bold(estimate.name) + "\n";
+  std::string text;
+  for (const std::string& line : wrapText(printable(estimate.name), LineWidth))
+    text += style.bold(line) + "\n";
   text += estimate.part + (estimate.family.empty() ? "" : ", " + estimate.family) + ", process " +
           estimate.process + "\n";
   if (!estimate.characterization.empty()) text += "Characterization: " + estimate.characterization + "\n";
-  text += "\n" + summaryLine("Total on-chip power", showMilliwatts(total.milliwatts) + " W", "");
+  text += "\n";
+  if (const auto board = estimate.boardWatts())
+    text += summaryLine("Total board power", showMilliwatts(toUnits(*board, Milliwatt)) + " W",
+                        "at the board's input");
+  text += summaryLine("Total on-chip power", showMilliwatts(total.milliwatts) + " W", "");
   for (const BlockLine& kind : total.parts)
     text += summaryLine("  " + kind.name, showMilliwatts(kind.milliwatts) + " W", "");
   text += summaryLine("Junction temperature", showDegrees(estimate.junction), junctionNote(estimate));
@@ -130,6 +136,20 @@ std::string printBlocks(const BlockLine& total, const Style& style) {
       "\n" + style.bold(padRight("Block", 34) + padLeft("Power (W)", 12) + padLeft("%", 9)) + "\n";
   printBlockLine(total, text);
   return text;
+}
+
+// Board.
+
+std::string printBoard(const Estimate& estimate, const Style& style) {
+  const auto total = estimate.boardWatts();
+  if (!total) return "";
+  BlockLine board{"Total", 0, *total};
+  for (const Estimate::Component& component : estimate.components)
+    board.parts.push_back({component.name, 1, static_cast<double>(component.watts)});
+  board.milliwatts = toUnits(board.watts, Milliwatt);
+  board.tenthsOfPercent = board.watts > 0 ? toUnits(100.0, TenthOfPercent) : 0;
+  roundParts(board);
+  return printBlocks("Board", board, style);
 }
 
 // Rails.
@@ -166,7 +186,7 @@ std::string printMessage(const Estimate::Message& message, const Style& style) {
   if (!message.row.empty()) text += " / " + message.row;
   text += ": " + message.text;
   std::string printed;
-  for (const std::string& line : wrapText(text, LineWidth - 9)) {
+  for (const std::string& line : wrapText(printable(text), LineWidth - 9)) {
     const std::string head = printed.empty()
                                  ? (isError ? style.error("error") + "    " : style.warning("warning") + "  ")
                                  : std::string(9, ' ');
@@ -179,8 +199,8 @@ std::string printMessage(const Estimate::Message& message, const Style& style) {
 
 std::string printEstimate(const Estimate& estimate, const Style& style) {
   const BlockLine total = makeBlockTree(estimate);
-  std::string text =
-      printSummary(estimate, total, style) + printBlocks(total, style) + printRails(estimate, style);
+  std::string text = printSummary(estimate, total, style) + printBlocks("Block", total, style) +
+                     printBoard(estimate, style) + printRails(estimate, style);
   if (!estimate.messages.empty()) text += "\n" + style.bold("Messages") + "\n";
   for (const Estimate::Message& message : estimate.messages) text += printMessage(message, style);
   return text;

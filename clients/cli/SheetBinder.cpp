@@ -234,7 +234,7 @@ void SheetBinder::resolveClocks() {
                         "give the clock's row a frequency");
     else
       m_diagnostics.add(use.place, use.name + ": there is no clock " + inQuotes(use.clock),
-                        adviseName(use.clock, m_clocks.names()));
+                        m_diagnostics.isFull() ? "" : adviseName(use.clock, m_clocks.names()));
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <span>
 
 namespace kvx {
 
@@ -10,6 +11,7 @@ namespace {
 constexpr std::size_t LongestShown = 60;
 constexpr std::size_t LongestCompared = 200;  // editDistance takes the product of both lengths
 constexpr std::size_t MostSuggestions = 3;
+constexpr std::size_t MostKnown = 2000;  // names that are considered at all
 
 char toLower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
@@ -69,13 +71,15 @@ std::vector<std::string> nearestNames(std::string_view written, const std::vecto
     const std::string* name;
   };
   std::vector<Candidate> candidates;
-  for (const std::string& name : known) {
+  for (const std::string& name : std::span(known).first(std::min(known.size(), MostKnown))) {
     const std::string other = plainSpelling(name);
     if (other.empty() || plain.empty()) continue;
     const bool isPart =
         plain.size() > 2 && (other.find(plain) != std::string::npos || plain.find(other) == 0);
-    const unsigned int distance = editDistance(plain, other);
     const unsigned int allowed = tolerance(std::max(plain.size(), other.size()));
+    const bool isComparable =
+        std::max(plain.size(), other.size()) - std::min(plain.size(), other.size()) <= allowed;
+    const unsigned int distance = isComparable ? editDistance(plain, other) : allowed + 1;
     if (distance <= allowed)
       candidates.push_back({distance, &name});
     else if (isPart)

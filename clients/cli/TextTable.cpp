@@ -37,6 +37,13 @@ std::string padLeft(std::string_view text, std::size_t width) {
   return std::string(width - displayWidth(shown), ' ') + std::string(shown);
 }
 
+std::string printable(std::string_view text) {
+  std::string shown(text);
+  for (char& c : shown)
+    if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) c = '?';
+  return shown;
+}
+
 std::vector<std::string> wrapText(std::string_view text, std::size_t width) {
   std::vector<std::string> lines;
   while (displayWidth(text) > width) {

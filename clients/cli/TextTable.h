@@ -15,6 +15,9 @@ std::size_t displayWidth(std::string_view text);
 std::string padRight(std::string_view text, std::size_t width);
 std::string padLeft(std::string_view text, std::size_t width);
 
+/// The text without the control characters that would reach the terminal.
+std::string printable(std::string_view text);
+
 /// Breaks a text at blanks into lines of at most `width`; a word that is longer is cut.
 std::vector<std::string> wrapText(std::string_view text, std::size_t width);
 

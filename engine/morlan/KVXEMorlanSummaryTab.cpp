@@ -11,7 +11,7 @@ namespace {
 
 using Tab = KVXEMorlanSummaryTab;
 
-const std::span<const KVXEFixedRow> summaryRows() {
+std::span<const KVXEFixedRow> summaryRows() {
   static const KVXEFixedRow rows[] = {
       {&Tab::m_onChipPowerStr, KVXEFixedRow::SameAsText, &Tab::updateTotalOnchipPower},
       {&Tab::m_staticOnChipPowerStr, KVXEFixedRow::SameAsText, &Tab::updateTotalOnchipPower},

@@ -1,4 +1,5 @@
-// The blocks of a Tarvek device: what is listed, where its dynamic power stands, and how its static power is made up.
+// The blocks of a Tarvek device: what is listed, where its dynamic power stands, and how its static power is
+// made up.
 
 #include "engine/tarvek/KVXETarvekSummaryTab.h"
 

@@ -15,15 +15,17 @@ namespace {
 
 using Tab = KVXETarvekSummaryTab;
 
-const std::span<const KVXEFixedRow> summaryRows() {
+std::span<const KVXEFixedRow> summaryRows() {
   static const KVXEFixedRow rows[] = {
       {&Tab::m_onChipPowerStr, "Total On-Chip Power (APLX + HBM)", &Tab::updateTotalOnchipPower},
       {&Tab::m_aplxOnChipPowerStr, KVXEFixedRow::SameAsText, &Tab::updateTotalOnchipPower},
       {&Tab::m_staticOnChipPowerStr, KVXEFixedRow::SameAsText, &Tab::updateTotalOnchipPower},
       {&Tab::m_dynamicOnChipPowerStr, KVXEFixedRow::SameAsText, &Tab::updateTotalOnchipPower},
       {&Tab::m_junctionTempStr,
-       "<html>The background is orange when the estimated junction temperature is outside of the valid range for the "
-       "selected grade.\n\nEstimates are calculated up to the absolute maximum temperature after which point 125+ is "
+       "<html>The background is orange when the estimated junction temperature is outside of the valid range "
+       "for the "
+       "selected grade.\n\nEstimates are calculated up to the absolute maximum temperature after which point "
+       "125+ is "
        "shown in red and the power and thermal estimates are no longer valid.<html>",
        &Tab::updateCalcJunctionTemp, KVXEEnums::Unit::TEMPERATURE_SHOW},
       {&Tab::m_thermalMarginStr, KVXEFixedRow::SameAsText, &Tab::updateThermalMarginC},
@@ -43,8 +45,10 @@ const char* const rcxUsages[] = {
 };
 
 const char* const negativeExcursionMarginMsg =
-    "<html>Thermal Margin is in excess of the maximum accepted range with temperature excursion for this device "
-    "Grade.\n Thermal margin is negative when estimated junction temperature exceeds the maximum specified value with "
+    "<html>Thermal Margin is in excess of the maximum accepted range with temperature excursion for this "
+    "device "
+    "Grade.\n Thermal margin is negative when estimated junction temperature exceeds the maximum specified "
+    "value with "
     "excursion.</html>";
 
 }  // namespace

@@ -2,8 +2,8 @@
 
 #include "engine/base/tabs/KVXESummaryTab.h"
 
-/// The summary of a Tarvek device: with the use of reconfigurable regions, and with the limits and the margin of
-/// parts that may exceed their maximum junction temperature for a share of their life.
+/// The summary of a Tarvek device: with the use of reconfigurable regions, and with the limits and the margin
+/// of parts that may exceed their maximum junction temperature for a share of their life.
 class KVXETarvekSummaryTab : public KVXESummaryTab {
  public:
   using KVXESummaryTab::KVXESummaryTab;

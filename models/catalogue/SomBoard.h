@@ -62,6 +62,9 @@ struct SomBoard {
   BoardRegulator input;  ///< the connector; its volts are the board's input voltage
   std::vector<BoardRegulator> regulators;
   std::vector<BoardConsumer> consumers;
+
+  /// What the loss of a regulator's output heats; PCB for an output that the board lacks.
+  BoardComponent heatedBy(BoardOutput output) const;
 };
 
 /// The board of a module kind, null if unknown. The pointer is valid until reloadModelData().

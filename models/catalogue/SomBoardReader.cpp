@@ -158,6 +158,12 @@ void SomBoardReader::checkFeeds(const SomBoard& board) {
   }
 }
 
+BoardComponent SomBoard::heatedBy(BoardOutput output) const {
+  for (const BoardRegulator& regulator : regulators)
+    if (regulator.output == output) return regulator.component;
+  return BoardComponent::PCB;
+}
+
 const SomBoard* findSomBoard(std::string_view device) {
   for (const SomBoard& board : ModelDataStore::current().boards)
     if (board.device == device) return &board;

@@ -98,9 +98,9 @@ TEST(Command, PartsAreFilteredByEveryField) {
 
 TEST(Command, EveryListedPartCanBeEstimatedOrNamed) {
   // One part of each device: the tabs of each are built and calculated.
-  const ProgramRun list = runKvx("parts --json");
+  const auto list = nlohmann::json::parse(runKvx("parts --json").output);
   std::map<std::string, std::string> partOf;
-  for (const auto& part : nlohmann::json::parse(list.output)["parts"])
+  for (const auto& part : list["parts"])
     partOf.emplace(part["device"].get<std::string>(), part["name"].get<std::string>());
   ASSERT_GT(partOf.size(), 15u);
   for (const auto& [device, part] : partOf) {

@@ -45,6 +45,7 @@ TEST(JsonDocument, NamesEveryMember) {
   full.budget = 1.0;
   full.blocks.emplace_back();
   full.rails.emplace_back();
+  full.components.emplace_back();
   full.messages.emplace_back();
   std::vector<std::string> members;
   collectMembers(nlohmann::json::parse(kvx::jsonEstimate(full)), "", members);

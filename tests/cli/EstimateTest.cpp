@@ -72,6 +72,21 @@ TEST(Estimate, JunctionTemperatureIsGivenOrCalculated) {
   EXPECT_TRUE(estimate(sheet).isJunctionGiven);
 }
 
+TEST(Estimate, RunawayIsAnError) {
+  const kvx::Estimate runaway =
+      estimate(Design.substr(0, Design.find("[environment]")) +
+               "[environment]\nambient_temperature = 100\neffective_theta_ja = 60\n");
+  EXPECT_FALSE(runaway.isJunctionValid);
+  EXPECT_TRUE(runaway.hasErrors());
+}
+
+TEST(Estimate, TablesGrowWithTheSheet) {
+  std::string rows = Design;
+  for (int i = 0; i < 1200; ++i)
+    rows += "[[logic]]\nname = 'r" + std::to_string(i) + "'\nclock = 'clk'\nregisters = 1\n";
+  EXPECT_GT(powerOf(estimate(rows), "Logic"), powerOf(estimate(Design), "Logic"));
+}
+
 TEST(Estimate, RailOutOfRangeIsAnError) {
   const std::string rail = "[[power_design.power_rail_characteristics]]\nsupply = 'vccint'\nvoltage = ";
   const kvx::Estimate allowed = estimate(Design + rail + "'810 mV'\n");

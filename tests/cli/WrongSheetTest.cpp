@@ -150,8 +150,8 @@ TEST(WrongSheet, OverridesAreHeldToTheSame) {
   const std::pair<const char*, const char*> cases[] = {
       {"clock..clk.frequency=quick",
        "--set clock..clk.frequency=quick: frequency: \"quick\" is no number; *"},
-      {"clock..clock.frequency=5",
-       "--set clock..clock.frequency=5: table \"Clock Settings\" has no row \"clock\"; did you mean "
+      {"clock..cllk.frequency=5",
+       "--set clock..cllk.frequency=5: table \"Clock Settings\" has no row \"cllk\"; did you mean "
        "\"clk\"?"},
       {"clock..0.frequency=5",
        "--set clock..0.frequency=5: table \"Clock Settings\" has no row 0; rows are numbered from 1"},

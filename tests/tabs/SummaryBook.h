@@ -47,13 +47,15 @@ class SummaryBook : public ::testing::Test {
   KVXEUID uid() { return KVXEUID(summary(Summary::m_onChipPowerStr)); }
 
   KVXECell* summary(const std::string& row, const KVXETitle& column = Summary::m_summarySelectionColumn) {
-    return m_device->cell(TabType::SUMMARY, Summary::m_summaryTableHeader, row, Summary::m_summaryOptionColumn, column);
+    return m_device->cell(TabType::SUMMARY, Summary::m_summaryTableHeader, row,
+                          Summary::m_summaryOptionColumn, column);
   }
   KVXECell* environment(const std::string& row, const KVXETitle& column = Summary::m_envValColumn) {
     return m_device->cell(TabType::SUMMARY, Summary::m_envTableHeader, row, Summary::m_envTypeColumn, column);
   }
   KVXECell* hbm(const std::string& row, const KVXETitle& column = Summary::m_envValColumn) {
-    return m_device->cell(TabType::SUMMARY, Summary::m_hbmEnvTableHeader, row, Summary::m_envTypeColumn, column);
+    return m_device->cell(TabType::SUMMARY, Summary::m_hbmEnvTableHeader, row, Summary::m_envTypeColumn,
+                          column);
   }
   KVXECell* onchip(const KVXETitle& table, const std::string& row,
                    const KVXETitle& column = Summary::m_onchipPowerColumn) {
@@ -65,13 +67,16 @@ class SummaryBook : public ::testing::Test {
     return table(KVXETab::m_UnitsTable)->getCellAt(static_cast<unsigned int>(unit), &KVXETab::m_UnitsSuffix);
   }
 
-  static bool isShown(KVXECell* cell) { return cell->getRow()->getVisibility() == KVXEEnums::Visibility::EXTERNAL; }
+  static bool isShown(KVXECell* cell) {
+    return cell->getRow()->getVisibility() == KVXEEnums::Visibility::EXTERNAL;
+  }
   static KVXECell::Color background(KVXECell* cell) { return cell->getColor().second; }
   /// Without the tags around it.
   static std::string message(KVXECell* cell) {
     std::string text = cell->getMsg() ? cell->getMsg()->getDisplayText() : "";
     for (const char* tag : {"<html>", "</html>"})
-      for (size_t at = text.find(tag); at != std::string::npos; at = text.find(tag)) text.erase(at, strlen(tag));
+      for (size_t at = text.find(tag); at != std::string::npos; at = text.find(tag))
+        text.erase(at, strlen(tag));
     return text;
   }
   static std::string shown(KVXECell* cell) {

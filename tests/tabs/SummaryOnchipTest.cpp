@@ -36,7 +36,8 @@ class PowerList {
 class OnchipBook : public SummaryBook {
  protected:
   void TearDown() override { m_device.reset(); }
-  PowerList& list(TabType tab, const char* name, const char* key, std::vector<std::pair<std::string, float>> rows) {
+  PowerList& list(TabType tab, const char* name, const char* key,
+                  std::vector<std::pair<std::string, float>> rows) {
     return *m_lists.emplace_back(
         std::make_unique<PowerList>(book()->getOrCreateTab(tab), name, key, std::move(rows)));
   }
@@ -44,9 +45,9 @@ class OnchipBook : public SummaryBook {
 };
 
 TEST_F(OnchipBook, RowsReadTheTablesThatAreDeclared) {
-  PowerList& states = list(TabType::PS, "PS_STATE_SUMMARY", "DOMAIN",
-                           {{"Low Power Domain", 1.0f}, {"Full Power Domain", 2.0f},
-                            {"Platform Management Controller", 0.5f}});
+  PowerList& states = list(
+      TabType::PS, "PS_STATE_SUMMARY", "DOMAIN",
+      {{"Low Power Domain", 1.0f}, {"Full Power Domain", 2.0f}, {"Platform Management Controller", 0.5f}});
   list(TabType::NOC_DDRMC, "UTILIZATION", "TYPE",
        {{"NoC", 0.25f}, {"NoC Clock Buffers", 0.125f}, {"DDRMC", 3.0f}, {"HBMMC", 4.0f}});
   m_device->settle();
@@ -76,8 +77,9 @@ TEST_F(OnchipBook, RowsWithoutTheirTabCountNothing) {
   }
   for (const char* category : {"Programmable Logic", "Hard IP"}) {
     EXPECT_TRUE(isShown(dynamic(category)));
-    EXPECT_EQ(textIn(onchip(Summary::m_onchipDynamicTableHeader, category, Summary::m_onchipPowerPercentageColumn)),
-              KVXMHelperUtils::ToString(kvxeBlank<float>));
+    EXPECT_EQ(
+        textIn(onchip(Summary::m_onchipDynamicTableHeader, category, Summary::m_onchipPowerPercentageColumn)),
+        KVXMHelperUtils::ToString(kvxeBlank<float>));
   }
 }
 
@@ -87,9 +89,15 @@ TEST_F(OnchipBook, RowsFollowTheDevice) {
     std::vector<const char*> shown, hidden, shownStatic, hiddenStatic;
   };
   const Case cases[] = {
-      {"AK1080", {"PS", "LPD", "FPD"}, {"PSW", "LPD (PSW)", "MPRAM", "XCVRD"}, {"PS+PMC", "MXE", "XCVRA", "NoC+DDRMC"},
+      {"AK1080",
+       {"PS", "LPD", "FPD"},
+       {"PSW", "LPD (PSW)", "MPRAM", "XCVRD"},
+       {"PS+PMC", "MXE", "XCVRA", "NoC+DDRMC"},
        {"PSW", "MXE-ML", "XCVRD", "NoC+DDRMC5", "NoC+DDRMC5C"}},
-      {"AN3060", {"PSW", "LPD (PSW)", "FPD (PSW)"}, {"PS", "LPD", "FPD", "HIC5"}, {"PSW", "XCVRD", "NoC+DDRMC5C"},
+      {"AN3060",
+       {"PSW", "LPD (PSW)", "FPD (PSW)"},
+       {"PS", "LPD", "FPD", "HIC5"},
+       {"PSW", "XCVRD", "NoC+DDRMC5C"},
        {"PS+PMC", "MXE", "NoC+DDRMC", "XCVRA"}},
       {"AE2060", {"PS"}, {"PSW"}, {"MXE-ML", "NoC+DDRMC5", "XCVRs"}, {"MXE", "NoC+DDRMC", "XCVRC"}},
   };
@@ -121,7 +129,8 @@ TEST_F(OnchipBook, PartsAddUp) {
       EXPECT_NEAR(numberIn(summary(Summary::m_onChipPowerStr)),
                   leaked + active + (Summary::hasHbm() ? Summary::getHbmPower(uid()) : 0.0f), 0.0006f);
       double percent = 0.0;
-      for (const KVXETitle* title : {&Summary::m_onchipStaticTableHeader, &Summary::m_onchipDynamicTableHeader})
+      for (const KVXETitle* title :
+           {&Summary::m_onchipStaticTableHeader, &Summary::m_onchipDynamicTableHeader})
         percent += tab()->sumColumn(title, &Summary::m_onchipPowerPercentageColumn);
       if (!Summary::hasHbm()) {
         EXPECT_NEAR(percent, 100.0, 0.2);
@@ -135,7 +144,8 @@ TEST_F(OnchipBook, ListsOfTheTables) {
   EXPECT_EQ(Summary::getStaticCompList(), (std::vector<std::string>{"Static", "XCVRs"}));
   EXPECT_EQ(Summary::getDynamicPowerSummaryListSize() + 1,
             table(Summary::m_onchipDynamicTableHeader)->getRowCount());
-  EXPECT_EQ(Summary::getStaticPowerSummaryListSize() + 1, table(Summary::m_onchipStaticTableHeader)->getRowCount());
+  EXPECT_EQ(Summary::getStaticPowerSummaryListSize() + 1,
+            table(Summary::m_onchipStaticTableHeader)->getRowCount());
   const std::tuple<const char*, unsigned int, bool> levels[] = {
       {"PMC", 0, false}, {"PS", 0, true}, {"LPD", 1, false}, {"Clocking", 1, false}, {"nothing", 0, false}};
   for (const auto& [text, level, isCategory] : levels) {
@@ -170,8 +180,9 @@ TEST(SummaryReaders, WithoutTablesReportAndGiveZero) {
   Captured captured;
   EXPECT_EQ(KVXESummaryTab::getFpgaTotalPower(uid), 0.0f);
   EXPECT_EQ(KVXESummaryTab::getFpgaDynamicPower(uid), 0.0f);
-  EXPECT_EQ(captured.text(), "Error: error occured in KVXESummaryTab::getFpgaTotalPower.\n"
-                             "Error: error occured in KVXESummaryTab::getFpgaDynamicPower.\n");
+  EXPECT_EQ(captured.text(),
+            "Error: error occured in KVXESummaryTab::getFpgaTotalPower.\n"
+            "Error: error occured in KVXESummaryTab::getFpgaDynamicPower.\n");
   EXPECT_EQ(KVXESummaryTab::getPower(uid, "TOTAL"), 0.0f);
   EXPECT_EQ(KVXESummaryTab::getCalculatedJunctionTemp(uid), 25.0f);
   KVXEBookMgr::getGlobal().closeProject();

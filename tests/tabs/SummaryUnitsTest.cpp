@@ -42,8 +42,9 @@ TEST_F(SummaryBook, EveryUnitHasItsRow) {
 }
 
 TEST_F(SummaryBook, AnotherUnitChangesWhatIsShownOnly) {
-  KVXECell* frequency =
-      book()->getTable(TabType::CLOCK, &KVXEClockTab::m_ClockConfigTable)->getCellAt(1, &KVXEClockTab::m_ClockFreq);
+  KVXECell* frequency = book()
+                            ->getTable(TabType::CLOCK, &KVXEClockTab::m_ClockConfigTable)
+                            ->getCellAt(1, &KVXEClockTab::m_ClockFreq);
   edit(frequency, 250.0f);
   edit(environment(Summary::m_PowerBudgetStr), 2.5f);
   edit(environment(Summary::m_AmbientTempStr), 40.0f);
@@ -95,7 +96,8 @@ TEST(SummaryUnits, ScalesOfAQuantity) {
       {"MHz", {{"MHz", {1.0f, 0.0f}}, {"kHz", {1000.0f, 0.0f}}, {"GHz", {0.001f, 0.0f}}}},
       {"furlong", {}},
   };
-  for (const auto& [unit, expected] : cases) EXPECT_EQ(KVXESummaryTab::getUnitToMultMap(unit), expected) << unit;
+  for (const auto& [unit, expected] : cases)
+    EXPECT_EQ(KVXESummaryTab::getUnitToMultMap(unit), expected) << unit;
 }
 
 }  // namespace

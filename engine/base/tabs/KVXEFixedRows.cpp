@@ -8,7 +8,8 @@ namespace kvxe {
 namespace {
 
 std::string toolTipOf(const KVXEFixedRow& declaration, const std::string& product) {
-  std::string text = declaration.toolTip == KVXEFixedRow::SameAsText ? *declaration.text : declaration.toolTip;
+  std::string text =
+      declaration.toolTip == KVXEFixedRow::SameAsText ? *declaration.text : declaration.toolTip;
   if (const size_t at = text.find("{}"); at != std::string::npos) text.replace(at, 2, product);
   return text;
 }

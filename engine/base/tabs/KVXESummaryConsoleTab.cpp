@@ -55,8 +55,10 @@ struct ThermalRow {
   bool isInEnvironment;
 };
 const ThermalRow thermalRows[] = {
-    {&Summary::m_junctionTempStr, false},  {&Summary::m_AmbientTempStr, true},
-    {&Summary::m_thetaJaStr, true},        {&Summary::m_thermalMarginStr, false},
+    {&Summary::m_junctionTempStr, false},
+    {&Summary::m_AmbientTempStr, true},
+    {&Summary::m_thetaJaStr, true},
+    {&Summary::m_thermalMarginStr, false},
     {&Summary::m_thermalPowerMarginStr, false},
 };
 
@@ -124,8 +126,8 @@ void KVXESummaryConsoleTab::initPowerTable(std::span<const KVXEFixedRow> further
   KVXETable* table = createTable(&m_PowerTable, false, false, true, GridComponentType::TABLE);
   table->addColumns(powerColumns);
   table->setIsHeaderHidden(true);
-  for (const std::span<const KVXEFixedRow> rows : {std::span<const KVXEFixedRow>(total), further,
-                                                   std::span<const KVXEFixedRow>(chip)})
+  for (const std::span<const KVXEFixedRow> rows :
+       {std::span<const KVXEFixedRow>(total), further, std::span<const KVXEFixedRow>(chip)})
     kvxe::addFixedRows(*table, m_Key, m_Value, rows);
 }
 
@@ -142,7 +144,8 @@ void KVXESummaryConsoleTab::updateProjectStatus(const KVXEUID& uid) {
 void KVXESummaryConsoleTab::updateDesignState(const KVXEUID& uid) {
   if (!isInTable(uid, m_ProjectTable)) return;
   const bool isKnown = keepOr(uid.getCell(), m_emptyStateStr) != m_emptyStateStr;
-  uid.getRow()->setVisibility(isKnown ? KVXEEnums::Visibility::EXTERNAL : KVXEEnums::Visibility::ALWAYS_HIDDEN);
+  uid.getRow()->setVisibility(isKnown ? KVXEEnums::Visibility::EXTERNAL
+                                      : KVXEEnums::Visibility::ALWAYS_HIDDEN);
 }
 
 // Temperatures and power.
@@ -154,11 +157,10 @@ void KVXESummaryConsoleTab::updateThermalTable(const KVXEUID& uid) {
   for (const ThermalRow& row : thermalRows) {
     if (*row.text != key) continue;
     KVXEBook* book = uid.getBook();
-    KVXECell* source =
-        row.isInEnvironment
-            ? book->lookup<std::string>(TabType::SUMMARY, &Summary::m_envTableHeader, key, &Summary::m_envTypeColumn,
-                                        &Summary::m_envValColumn, false)
-            : Summary::summaryCell(uid, key);
+    KVXECell* source = row.isInEnvironment ? book->lookup<std::string>(
+                                                 TabType::SUMMARY, &Summary::m_envTableHeader, key,
+                                                 &Summary::m_envTypeColumn, &Summary::m_envValColumn, false)
+                                           : Summary::summaryCell(uid, key);
     if (source) source->getValWithUnit(shown, true);
   }
   uid.getCell()->setValAndMarkEngineClean(shown);
@@ -184,7 +186,8 @@ void KVXESummaryConsoleTab::updatePercentage(const KVXEUID& uid) {
   KVXECell* total = uid.getTable()->getCellAt(1, &m_Value);
   float watts = 0.0f;
   float all = 0.0f;
-  const bool isKnown = uid.getRow()->getCell(&m_Value)->getVal(watts, true) && total->getVal(all, true) && all > 0.0f;
+  const bool isKnown =
+      uid.getRow()->getCell(&m_Value)->getVal(watts, true) && total->getVal(all, true) && all > 0.0f;
   if (isKnown) return uid.getCell()->setValAndMarkEngineClean(watts / all);
   uid.getCell()->setBlankAndMarkEngineClean();
 }

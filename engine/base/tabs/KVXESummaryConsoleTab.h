@@ -6,8 +6,8 @@
 #include "engine/base/tabs/KVXEFixedRows.h"
 #include "engine/base/workbook/KVXETab.h"
 
-/// The panel that a console shows beside every tab: the project and, for an architecture, temperatures and power in
-/// a few lines. It computes nothing but sums and shares of what the summary tab says.
+/// The panel that a console shows beside every tab: the project and, for an architecture, temperatures and
+/// power in a few lines. It computes nothing but sums and shares of what the summary tab says.
 class KVXESummaryConsoleTab : public KVXETab {
  public:
   static const KVXETitle m_ProjectTable, m_ThermalTable, m_PowerTable;

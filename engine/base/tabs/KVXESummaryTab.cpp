@@ -44,9 +44,11 @@ constexpr unsigned int ZcfDialogWidth = 200;
 }  // namespace
 
 KVXESummaryTab::KVXESummaryTab(KVXEBook* book, TabType type) : KVXETab(book, type) {
-  for (const WizardButton& button : wizardButtons) addButton(*button.id, button.text, button.toolTip, std::nullopt);
+  for (const WizardButton& button : wizardButtons)
+    addButton(*button.id, button.text, button.toolTip, std::nullopt);
   if (KVXEBookMgr::getLastArchName() == KVXEPartSelection::m_arkeonArchName)
-    addFileChooserButton(m_exportzcfWDialogLid, "Export ZCF", "Export ZCF constraints", "zcf", ZcfDialogWidth);
+    addFileChooserButton(m_exportzcfWDialogLid, "Export ZCF", "Export ZCF constraints", "zcf",
+                         ZcfDialogWidth);
 }
 
 // Tables.
@@ -68,34 +70,38 @@ const KVXEColumn environmentColumns[] = {
     {.title = &Tab::m_envValColumn, .type = FLOAT},
 };
 
-const std::span<const KVXEFixedRow> environmentRows() {
+std::span<const KVXEFixedRow> environmentRows() {
   static const KVXEFixedRow rows[] = {
       {.text = &Tab::m_junctionTempStr,
-       .toolTip = "Allow the user to force the junction temperature of the {} device to estimate the static power, "
-                  "in place of the temperature that follows from ambient temperature, Theta Ja and power.",
+       .toolTip =
+           "Allow the user to force the junction temperature of the {} device to estimate the static power, "
+           "in place of the temperature that follows from ambient temperature, Theta Ja and power.",
        .formula = &Tab::updateJunctionTemp,
        .unit = Unit::TEMPERATURE_SHOW,
        .isEditable = true,
        .number = Tab::getDefaultJunctionTemp()},
       {.text = &Tab::m_AmbientTempStr,
-       .toolTip = "Enter the maximum supported Ambient temperature (oC) of the application, <br>Ta combined with the "
+       .toolTip = "Enter the maximum supported Ambient temperature (oC) of the application, <br>Ta combined "
+                  "with the "
                   "Theta Ja value entered will allow for an accurate Junction Temperature Estimate.",
        .formula = &Tab::updateAmbientTemp,
        .unit = Unit::TEMPERATURE_SHOW,
        .isEditable = true,
        .number = Tab::getDefaultAmbientTemp()},
       {.text = &Tab::m_thetaJaStr,
-       .toolTip = "Enter the effective thermal resistance from the junction to the ambient air. It counts while the "
-                  "junction temperature is not forced.",
+       .toolTip =
+           "Enter the effective thermal resistance from the junction to the ambient air. It counts while the "
+           "junction temperature is not forced.",
        .formula = &Tab::updateThetaJa,
        .unit = Unit::FIXED_THETAJA_SHOW,
-       .number = Tab::getDefaultThetaJa()},
+       .number = 0.0},
       {.text = &Tab::m_maxJunctionTempStr,
        .toolTip = "Read-Only. Maximum Junction Temperature of the {} device selected.",
        .formula = &Tab::updateMaxJunctionTemp,
        .unit = Unit::TEMPERATURE_SHOW},
       {.text = &Tab::m_maxJunctionTempWithExcursionStr,
-       .toolTip = "Read-Only. Maximum Junction Temperature with temperature excursion of the {} device selected.",
+       .toolTip =
+           "Read-Only. Maximum Junction Temperature with temperature excursion of the {} device selected.",
        .formula = &Tab::updateMaxJunctionTempWithExcursion,
        .unit = Unit::TEMPERATURE_SHOW},
       {.text = &Tab::m_PowerBudgetStr,
@@ -107,7 +113,7 @@ const std::span<const KVXEFixedRow> environmentRows() {
   return rows;
 }
 
-const std::span<const KVXEFixedRow> hbmEnvironmentRows() {
+std::span<const KVXEFixedRow> hbmEnvironmentRows() {
   static const KVXEFixedRow rows[] = {
       {.text = &Tab::m_hbmOnChipPowerStr,
        .toolTip = KVXEFixedRow::SameAsText,
@@ -196,7 +202,8 @@ KVXESummaryTab* KVXESummaryTab::tabOf(const KVXEUID& uid) {
   return book ? dynamic_cast<KVXESummaryTab*>(book->getTab(TabType::SUMMARY)) : nullptr;
 }
 
-bool KVXESummaryTab::isInTable(const KVXEUID& uid, std::initializer_list<const KVXETitle*> tables, const char* what) {
+bool KVXESummaryTab::isInTable(const KVXEUID& uid, std::initializer_list<const KVXETitle*> tables,
+                               const char* what) {
   for (const KVXETitle* title : tables)
     if (uid.getTable() && uid.getTable()->getTableTitle() == title) return true;
   std::cout << "Error: error occured in updating " << what << "." << '\n';
@@ -220,33 +227,37 @@ KVXECell* cellOf(const KVXEUID& uid, const KVXETitle& table, const std::string& 
 }  // namespace
 
 KVXESummaryTab::SummaryPlace KVXESummaryTab::summaryPlace() const {
-  return {&m_summaryTableHeader, &m_summaryOptionColumn, &m_summarySelectionColumn, "Summary", &m_junctionTempStr};
+  return {&m_summaryTableHeader, &m_summaryOptionColumn, &m_summarySelectionColumn, "Summary",
+          &m_junctionTempStr};
 }
 
 bool KVXESummaryTab::isInSummary(const KVXEUID& uid) {
   const auto* tab = dynamic_cast<const KVXESummaryTab*>(uid.getTab());
-  return tab ? isInTable(uid, {tab->summaryPlace().table}, tab->summaryPlace().name) : isInTable(uid, {}, "Summary");
+  return tab ? isInTable(uid, {tab->summaryPlace().table}, tab->summaryPlace().name)
+             : isInTable(uid, {}, "Summary");
 }
 
 KVXECell* KVXESummaryTab::summaryCell(const KVXEUID& uid, const std::string& row) {
   const KVXESummaryTab* tab = tabOf(uid);
   if (!tab) return nullptr;
   const SummaryPlace place = tab->summaryPlace();
-  return cellOf(uid, *place.table, row == m_junctionTempStr ? *place.junction : row, *place.option, *place.selection);
+  return cellOf(uid, *place.table, row == m_junctionTempStr ? *place.junction : row, *place.option,
+                *place.selection);
 }
 
-KVXECell* KVXESummaryTab::environmentCell(const KVXEUID& uid, const std::string& row, const KVXETitle& column) {
+KVXECell* KVXESummaryTab::environmentCell(const KVXEUID& uid, const std::string& row,
+                                          const KVXETitle& column) {
   return cellOf(uid, m_envTableHeader, row, m_envTypeColumn, column);
 }
 
-KVXECell* KVXESummaryTab::hbmEnvironmentCell(const KVXEUID& uid, const std::string& row, const KVXETitle& column) {
+KVXECell* KVXESummaryTab::hbmEnvironmentCell(const KVXEUID& uid, const std::string& row,
+                                             const KVXETitle& column) {
   return cellOf(uid, m_hbmEnvTableHeader, row, m_envTypeColumn, column);
 }
 
 std::optional<float> KVXESummaryTab::readEntry(KVXECell* cell) {
-  constexpr float OldBlank = -1000.0f;  // of older projects
   float value = 0.0f;
-  if (!cell || !cell->getVal(value, true) || value == OldBlank) return std::nullopt;
+  if (!cell || !cell->getVal(value, true) || value == OldBlankTemp) return std::nullopt;
   return value;
 }
 

@@ -18,13 +18,13 @@ namespace kvxm {
 class Record;
 }
 
-/// The first page of the estimate: totals, thermal environment and the split of power by block. It reads all other
-/// tabs. The totals that others need stand in a hidden table of keys and values, and so do the display units of the
-/// whole book.
+/// The first page of the estimate: totals, thermal environment and the split of power by block. It reads all
+/// other tabs. The totals that others need stand in a hidden table of keys and values, and so do the display
+/// units of the whole book.
 ///
-/// The junction temperature is not computed here but on the power design tab, which takes ambient, theta-ja and the
-/// user's override from the environment table. So that an override starts where the estimate stands, its cell is
-/// seeded from the summary's own junction temperature as that was before.
+/// The junction temperature is not computed here but on the power design tab, which takes ambient, theta-ja
+/// and the user's override from the environment table. So that an override starts where the estimate stands,
+/// its cell is seeded from the summary's own junction temperature as that was before.
 ///
 /// The readers take the UID of any cell of the book, evaluate what they read, and give 0 for what is missing.
 class KVXESummaryTab : public KVXETab {
@@ -32,7 +32,8 @@ class KVXESummaryTab : public KVXETab {
   // Tables, each with its columns.
   static const KVXETitle m_deviceSelectionTable;
   static const KVXETitle m_summaryTableHeader, m_summaryOptionColumn, m_summarySelectionColumn;
-  static const KVXETitle m_envTableHeader, m_hbmEnvTableHeader, m_envTypeColumn, m_envTempColumn, m_envValColumn;
+  static const KVXETitle m_envTableHeader, m_hbmEnvTableHeader, m_envTypeColumn, m_envTempColumn,
+      m_envValColumn;
   static const KVXETitle m_rcxTableHeader, m_rcxTypeColumn, m_rcxOptionColumn;
   static const KVXETitle m_onchipStaticTableHeader, m_onchipDynamicTableHeader, m_onchipTableHeader,
       m_onchipResourceColumn, m_onchipPowerColumn, m_onchipPowerPercentageColumn;
@@ -40,12 +41,12 @@ class KVXESummaryTab : public KVXETab {
       m_resourceUsedCountColumn, m_resourceUtilColumn;
 
   // Rows of the summary table; the junction temperature is a row of the environment table, too.
-  static const std::string m_onChipPowerStr, m_aplxOnChipPowerStr, m_staticOnChipPowerStr, m_dynamicOnChipPowerStr,
-      m_junctionTempStr, m_thermalMarginStr, m_thermalPowerMarginStr, m_thermalPowerMarginWithExcursionStr,
-      m_characterizationStr;
+  static const std::string m_onChipPowerStr, m_aplxOnChipPowerStr, m_staticOnChipPowerStr,
+      m_dynamicOnChipPowerStr, m_junctionTempStr, m_thermalMarginStr, m_thermalPowerMarginStr,
+      m_thermalPowerMarginWithExcursionStr, m_characterizationStr;
   // Further rows of the environment table, and those of the HBM environment table.
-  static const std::string m_AmbientTempStr, m_thetaJaStr, m_maxJunctionTempStr, m_maxJunctionTempWithExcursionStr,
-      m_PowerBudgetStr;
+  static const std::string m_AmbientTempStr, m_thetaJaStr, m_maxJunctionTempStr,
+      m_maxJunctionTempWithExcursionStr, m_PowerBudgetStr;
   static const std::string m_hbmOnChipPowerStr, m_hbmJunctionTempStr, m_hbmTjOverrideStr;
   static const std::string m_rcxUsageStr;
   // Entries of the override drop-downs.
@@ -152,6 +153,8 @@ class KVXESummaryTab : public KVXETab {
  protected:
   static constexpr KVXECell::Color OrangeBackground = 0xffc000;
   static constexpr KVXECell::Color RedBackground = 0xff0000;
+  /// Stands for a blank temperature in older projects, beside a cell's own blank.
+  static constexpr float OldBlankTemp = -1000.0f;
 
   /// What is wrong with a junction temperature; white and no text when nothing is.
   struct JunctionCheck {
@@ -208,7 +211,8 @@ class KVXESummaryTab : public KVXETab {
   // What formulas share.
   /// The summary tab of the cell's book; null when there is none.
   static KVXESummaryTab* tabOf(const KVXEUID& uid);
-  /// Whether the formula runs in one of its tables; if not, "Error: error occured in updating <what>." is printed.
+  /// Whether the formula runs in one of its tables; if not, "Error: error occured in updating <what>." is
+  /// printed.
   static bool isInTable(const KVXEUID& uid, std::initializer_list<const KVXETitle*> tables, const char* what);
   /// The text of a column of the formula's own row.
   static std::string textInRow(const KVXEUID& uid, const KVXETitle& column);
@@ -223,16 +227,16 @@ class KVXESummaryTab : public KVXETab {
   static std::string temperatureGrade(const KVXEUID& uid);
   /// "%.3f W".
   static std::string wattsText(float watts);
-  /// Gives the cell the background of the environment's junction temperature, so that a temperature out of range
-  /// marks every result that rests on it; white turns into the grey of read-only cells.
+  /// Gives the cell the background of the environment's junction temperature, so that a temperature out of
+  /// range marks every result that rests on it; white turns into the grey of read-only cells.
   static void copyJunctionBackground(const KVXEUID& uid, KVXECell* cell);
   static void setRowVisible(KVXERow* row, bool isVisible);
   /// Writes a margin in watts, and the message of a negative one.
   static void writeMargin(KVXECell* cell, float watts, const std::string& text, const char* message);
   /// The static model's results at a junction temperature, with the voltages and blocks of the book.
   std::unique_ptr<kvxm::Record> calculateStaticAt(const KVXEUID& uid, float celsius) const;
-  /// Keeps the value of an override that is on, or starts it at the cell that `seed` gives; blanks it when it is
-  /// off. True while it is on.
+  /// Keeps the value of an override that is on, or starts it at the cell that `seed` gives; blanks it when it
+  /// is off. True while it is on.
   static bool updateOverride(const KVXEUID& uid, KVXECell* (*seed)(const KVXEUID&));
 
   static const char* const m_negativeMarginMsg;

@@ -19,11 +19,8 @@ struct GradeLimits {
 };
 constexpr float AbsoluteMaxTemp = KVXEPowerDesignTab::AbsoluteMaxJunctionTemp;
 constexpr GradeLimits gradeLimits[] = {
-    {'I', 0, -40.0f, 100.0f},
-    {'E', 'I', 0.0f, 100.0f},
-    {'C', 0, 0.0f, 85.0f},
-    {'M', 0, -55.0f, AbsoluteMaxTemp},
-    {'Q', 0, -40.0f, AbsoluteMaxTemp},
+    {'I', 0, -40.0f, 100.0f},          {'E', 'I', 0.0f, 100.0f},          {'C', 0, 0.0f, 85.0f},
+    {'M', 0, -55.0f, AbsoluteMaxTemp}, {'Q', 0, -40.0f, AbsoluteMaxTemp},
 };
 
 const char* const outsideGradeMsg =
@@ -41,7 +38,8 @@ bool contains(const std::string& text, char letter) {
 std::string ambientMsg() {
   using Tab = KVXESummaryTab;
   return "Ambient temperatures below -" + KVXMHelperUtils::formatFixed(Tab::getDefaultMinAmbientTemp(), 0) +
-         "C or above " + KVXMHelperUtils::formatFixed(Tab::getDefaultMaxAmbientTemp(), 0) + "C are not allowed.";
+         "C or above " + KVXMHelperUtils::formatFixed(Tab::getDefaultMaxAmbientTemp(), 0) +
+         "C are not allowed.";
 }
 
 }  // namespace
@@ -94,15 +92,15 @@ bool KVXESummaryTab::updateOverride(const KVXEUID& uid, KVXECell* (*seed)(const 
     return false;
   }
   cell->setIsEditable(true);
-  constexpr float OldBlank = -1000.0f;
-  if (float kept = 0.0f; cell->getVal(kept, false) && kept != OldBlank) {
+  if (float kept = 0.0f; cell->getVal(kept, false) && kept != OldBlankTemp) {
     cell->markEngineClean();
     return true;
   }
   // Where the estimate stood before the override: its cell must not be evaluated, since it follows this one.
   KVXECell* estimate = seed(uid);
   float celsius = 0.0f;
-  cell->setValAndMarkEngineClean(estimate && estimate->getVal(celsius, false) ? celsius : getDefaultJunctionTemp());
+  cell->setValAndMarkEngineClean(estimate && estimate->getVal(celsius, false) ? celsius
+                                                                              : getDefaultJunctionTemp());
   return true;
 }
 

@@ -1,5 +1,5 @@
-// The HBM dies: their power, and their junction temperature, which an override, the chip's override or the thermal
-// path gives.
+// The HBM dies: their power, and their junction temperature, which an override, the chip's override or the
+// thermal path gives.
 
 #include <algorithm>
 
@@ -17,7 +17,8 @@ constexpr float HbmRefreshTemp = 85.0f;  // above it the dies refresh more often
 constexpr KVXECell::Color RefreshBackground = 0xfff2cc;
 constexpr KVXECell::Color OutOfRangeBackground = 0xffd9d9;
 const char* const refreshMsg =
-    "<html>Additional Refresh cycle required for operation between 85 C -105 C. Check Datasheet for details.<html>";
+    "<html>Additional Refresh cycle required for operation between 85 C -105 C. Check Datasheet for "
+    "details.<html>";
 const char* const outOfRangeMsg =
     "<html>HBM Junction temeperature is out of range. Check Datasheet for details.<html>";
 
@@ -109,7 +110,8 @@ void KVXESummaryTab::updateHbmJunctionTemp(const KVXEUID& uid) {
 
 void KVXESummaryTab::updateHbmTjOverride(const KVXEUID& uid) {
   if (!beginHbm(uid)) return;
-  updateOverride(uid, [](const KVXEUID& u) { return hbmEnvironmentCell(u, m_hbmJunctionTempStr, m_envValColumn); });
+  updateOverride(
+      uid, [](const KVXEUID& u) { return hbmEnvironmentCell(u, m_hbmJunctionTempStr, m_envValColumn); });
 }
 
 void KVXESummaryTab::updateHbmAmbientTemp(const KVXEUID& uid) {

@@ -1,5 +1,5 @@
-// On-chip power by block. Each row computes itself from the sources that the architecture declares for it; the
-// static rows share one run of the static model, which the first of them makes.
+// On-chip power by block. Each row computes itself from the sources that the architecture declares for it;
+// the static rows share one run of the static model, which the first of them makes.
 
 #include "engine/base/tabs/KVXESummaryTabOnchip.h"
 
@@ -14,12 +14,12 @@
 #include "models/common/ParamsRecord.h"
 
 using enum KVXEEnums::CellType;
-using KVXEEnums::GridComponentType;
-using KVXEEnums::TabType;
-using KVXEEnums::Unit;
 using kvxe::OnchipCategory;
 using kvxe::OnchipComponent;
 using kvxe::OnchipSource;
+using KVXEEnums::GridComponentType;
+using KVXEEnums::TabType;
+using KVXEEnums::Unit;
 using Categories = std::span<const OnchipCategory>;
 
 namespace {
@@ -55,10 +55,12 @@ bool kvxe::isValidComp(const OnchipComponent& component) {
 }
 
 bool kvxe::isValidCategory(const OnchipCategory& category, Categories all) {
-  return std::any_of(category.components.begin(), category.components.end(), [&](const OnchipComponent& component) {
-    const OnchipCategory* below = component.text == category.text ? nullptr : findCategory(all, component.text);
-    return below ? isValidCategory(*below, all) : isValidComp(component);
-  });
+  return std::any_of(category.components.begin(), category.components.end(),
+                     [&](const OnchipComponent& component) {
+                       const OnchipCategory* below =
+                           component.text == category.text ? nullptr : findCategory(all, component.text);
+                       return below ? isValidCategory(*below, all) : isValidComp(component);
+                     });
 }
 
 // Lists.
@@ -142,7 +144,9 @@ bool KVXESummaryTab::isCategoryStr(const std::string& text) {
 
 KVXETable* KVXESummaryTab::createOnchipTable(const KVXETitle& title, KVXEFormula power) {
   const KVXEColumn columns[] = {
-      {.title = &m_onchipResourceColumn, .type = STRING, .toolTip = "The block, or what blocks have in common."},
+      {.title = &m_onchipResourceColumn,
+       .type = STRING,
+       .toolTip = "The block, or what blocks have in common."},
       {.title = &m_onchipPowerColumn,
        .type = FLOAT,
        .formula = power,
@@ -222,7 +226,8 @@ std::optional<float> readSource(const KVXEBook& book, const OnchipSource& source
   const KVXETable* table = tab->getTable(source.table);
   const KVXETitle* key = table ? findColumn(*table, source.keyColumn) : nullptr;
   const KVXETitle* value = key ? findColumn(*table, source.valueColumn) : nullptr;
-  KVXECell* cell = value ? tab->lookup<std::string>(table->getTableTitle(), source.key, key, value, false) : nullptr;
+  KVXECell* cell =
+      value ? tab->lookup<std::string>(table->getTableTitle(), source.key, key, value, false) : nullptr;
   if (!cell || !cell->getVal(watts, true)) return std::nullopt;
   return watts;
 }
@@ -269,8 +274,8 @@ void KVXESummaryTab::updateOnchipDynamicPowerInWattsTable(const KVXEUID& uid) {
 
 // Static power.
 
-/// The row that comes first in the architecture's list runs the model; every other row depends on its cell, so that
-/// the results behind it are never older than what they were computed from.
+/// The row that comes first in the architecture's list runs the model; every other row depends on its cell,
+/// so that the results behind it are never older than what they were computed from.
 void KVXESummaryTab::runStaticModel(const KVXEUID& uid) {
   if (uid.getCell() != m_staticRunCell) {
     float watts = 0.0f;
@@ -319,7 +324,8 @@ float KVXESummaryTab::percentageBase(const KVXEUID& uid) {
 }
 
 void KVXESummaryTab::updateOnchipPowerInPercentageTable(const KVXEUID& uid) {
-  if (!isInTable(uid, {&m_onchipStaticTableHeader, &m_onchipDynamicTableHeader, &m_onchipTableHeader}, onchipName))
+  if (!isInTable(uid, {&m_onchipStaticTableHeader, &m_onchipDynamicTableHeader, &m_onchipTableHeader},
+                 onchipName))
     return;
   const auto watts = readEntry(uid.getRow()->getCell(&m_onchipPowerColumn));
   if (!watts) return uid.getCell()->setBlankAndMarkEngineClean();

@@ -10,15 +10,16 @@
 /// What an architecture declares about the on-chip power tables of its summary.
 namespace kvxe {
 
-/// A row for a block. It exists on a device that has any of the needed resources and none of the excluding ones.
+/// A row for a block. It exists on a device that has any of the needed resources and none of the excluding
+/// ones.
 struct OnchipComponent {
   std::string text;
   std::vector<std::string> needs = {};  ///< none: every device
   std::vector<std::string> lacks = {};
 };
 
-/// A heading with its components. A category of one component of the same name is a single row. A component that
-/// heads a category of its own only says where that category belongs.
+/// A heading with its components. A category of one component of the same name is a single row. A component
+/// that heads a category of its own only says where that category belongs.
 struct OnchipCategory {
   std::string text;
   std::vector<OnchipComponent> components;
@@ -26,11 +27,14 @@ struct OnchipCategory {
   bool isLoneRow() const { return components.size() == 1 && components.front().text == text; }
 };
 
-/// Where the dynamic power of a row stands: in one cell of another tab's table, or, without a table, in the tab as
-/// a whole. Tables and columns go by the programmatic spelling of their titles, so that a tab that is not built
-/// yet can be named.
+/// Where the dynamic power of a row stands: in one cell of another tab's table, or, without a table, in the
+/// tab as a whole. Tables and columns go by the programmatic spelling of their titles, so that a tab that is
+/// not built yet can be named.
 struct OnchipSource {
-  enum class Join { Add, Else };  ///< added to the row's other sources, or read when those before gave nothing
+  enum class Join {
+    Add,
+    Else
+  };  ///< added to the row's other sources, or read when those before gave nothing
 
   std::string row;
   KVXEEnums::TabType tab;

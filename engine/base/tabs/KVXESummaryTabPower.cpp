@@ -42,7 +42,8 @@ std::optional<float> onchipPower(KVXETab* tab, Share share) {
   const KVXETitle* own = share == Share::Static ? &KVXESummaryTab::m_onchipStaticTableHeader
                                                 : &KVXESummaryTab::m_onchipDynamicTableHeader;
   if (tab->getTable(own)) return tab->sumColumn(own, &KVXESummaryTab::m_onchipPowerColumn);
-  if (const KVXETable* table = tab->getTable(&KVXESummaryTab::m_onchipTableHeader)) return sumMarkedRows(*table, share);
+  if (const KVXETable* table = tab->getTable(&KVXESummaryTab::m_onchipTableHeader))
+    return sumMarkedRows(*table, share);
   return std::nullopt;
 }
 
@@ -69,18 +70,18 @@ float KVXESummaryTab::getFpgaTotalPower(const KVXEUID& uid) {
 
 float KVXESummaryTab::getPower(const KVXEUID& uid, const std::string& key) {
   KVXEBook* book = uid.getBook();
-  return readEntry(book ? book->lookup<std::string>(TabType::SUMMARY, &m_StoreInfoTable, key, &m_KeyCol, &m_ValueCol,
-                                                    false)
+  return readEntry(book ? book->lookup<std::string>(TabType::SUMMARY, &m_StoreInfoTable, key, &m_KeyCol,
+                                                    &m_ValueCol, false)
                         : nullptr)
       .value_or(0.0f);
 }
 
 float KVXESummaryTab::getMaxAmbientTemp(const KVXEUID& uid) {
   KVXEBook* book = uid.getBook();
-  return readEntry(book ? book->lookup<std::string>(TabType::POWER_DESIGN, &PowerDesign::m_debugJunctionTempTable,
-                                                    PowerDesign::m_maxAmbientTempStr,
-                                                    &PowerDesign::m_debugTempOptionColumn,
-                                                    &PowerDesign::m_debugTempValueColumn, false)
+  return readEntry(book ? book->lookup<std::string>(
+                              TabType::POWER_DESIGN, &PowerDesign::m_debugJunctionTempTable,
+                              PowerDesign::m_maxAmbientTempStr, &PowerDesign::m_debugTempOptionColumn,
+                              &PowerDesign::m_debugTempValueColumn, false)
                         : nullptr)
       .value_or(0.0f);
 }
@@ -106,7 +107,8 @@ namespace {
 void describeTotal(KVXECell* option, bool hasHbm) {
   const KVXEMsg msg(KvxSeverity::INFO, hasHbm ? KVXESummaryTab::m_onChipPowerStr + " (APLX + HBM)"
                                               : KVXESummaryTab::m_onChipPowerStr);
-  if (!option->getMsg() || !(*option->getMsg() == msg)) option->setMsg(msg.getSeverity(), msg.getDisplayText());
+  if (!option->getMsg() || !(*option->getMsg() == msg))
+    option->setMsg(msg.getSeverity(), msg.getDisplayText());
 }
 
 }  // namespace
@@ -138,14 +140,16 @@ namespace {
 bool showsCelsius(const KVXEUID& uid) {
   const KVXETable* units = uid.getBook()->getTable(TabType::SUMMARY, &KVXETab::m_UnitsTable);
   KVXECell* suffix =
-      units ? units->getCellAt(static_cast<unsigned int>(Unit::TEMPERATURE_SHOW), &KVXETab::m_UnitsSuffix) : nullptr;
+      units ? units->getCellAt(static_cast<unsigned int>(Unit::TEMPERATURE_SHOW), &KVXETab::m_UnitsSuffix)
+            : nullptr;
   std::string text;
   return !suffix || !suffix->getVal(text, true) || text == "C";
 }
 
 }  // namespace
 
-/// A text is shown as it stands, whatever unit is chosen: it leaves the suffix to the unit only while both agree.
+/// A text is shown as it stands, whatever unit is chosen: it leaves the suffix to the unit only while both
+/// agree.
 void KVXESummaryTab::updateCalcJunctionTemp(const KVXEUID& uid) {
   if (!isInSummary(uid)) return;
   KVXECell* cell = uid.getCell();
@@ -167,7 +171,8 @@ void KVXESummaryTab::updateCalcJunctionTemp(const KVXEUID& uid) {
   cell->setUnit(isUnitTrue ? Unit::TEMPERATURE_SHOW : Unit::NO_UNIT);
   cell->updateUnitInfo(uid);
   cell->setValAndMarkEngineClean(isUnitTrue ? text : text + " C");
-  cell->setBackgroundColor(check.background == KVXECell::White ? KVXECell::ReadOnlyBackground : check.background);
+  cell->setBackgroundColor(check.background == KVXECell::White ? KVXECell::ReadOnlyBackground
+                                                               : check.background);
 }
 
 void KVXESummaryTab::writeMargin(KVXECell* cell, float margin, const std::string& text, const char* message) {
@@ -183,8 +188,8 @@ void KVXESummaryTab::updateThermalMarginC(const KVXEUID& uid) {
   copyJunctionBackground(uid, uid.getCell());
 }
 
-/// With a forced junction temperature, the power that heats from there to the maximum. Otherwise the power by which
-/// the environment might be hotter, as long as the device settles at all.
+/// With a forced junction temperature, the power that heats from there to the maximum. Otherwise the power by
+/// which the environment might be hotter, as long as the device settles at all.
 void KVXESummaryTab::updateThermalMarginW(const KVXEUID& uid) {
   if (!isInSummary(uid)) return;
   const float thetaJa = getThetaJA(uid);

@@ -69,5 +69,6 @@ Text KVXESummaryTab::m_resetToDefaultLid = "RESET_TO_DEFAULT";
 Text KVXESummaryTab::m_exportzcfWDialogLid = "ExportZCF";
 
 const char* const KVXESummaryTab::m_negativeMarginMsg =
-    "<html>Thermal Margin is in excess of the maximum accepted range for this device Grade.\n Thermal margin is "
+    "<html>Thermal Margin is in excess of the maximum accepted range for this device Grade.\n Thermal margin "
+    "is "
     "negative when estimated junction temperature exceeds the maximum specified value.</html>";

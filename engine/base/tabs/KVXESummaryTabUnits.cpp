@@ -1,6 +1,6 @@
-// The display units of the whole book: one row for each unit, at the index that is the unit's number. The user picks
-// a suffix for a quantity; every cell with a unit reads its multiplier, offset and suffix here. The cells of this
-// table have no units themselves.
+// The display units of the whole book: one row for each unit, at the index that is the unit's number. The
+// user picks a suffix for a quantity; every cell with a unit reads its multiplier, offset and suffix here.
+// The cells of this table have no units themselves.
 
 #include <iostream>
 
@@ -127,8 +127,8 @@ void KVXESummaryTab::updateUnitMultiplierOffset(const KVXEUID& uid) {
     if (KVXERow* row = choiceRow(uid, name)) row->getCell(&m_UnitsSuffix)->getVal(suffix, true);
     const Scale* scale = findScale(quantity, suffix);
     if (!scale && name.isShown)
-      std::cout << "Error: Selected unit is not present in multiplier map : " << uid.getCell()->describe(" -> ")
-                << '\n';
+      std::cout << "Error: Selected unit is not present in multiplier map : "
+                << uid.getCell()->describe(" -> ") << '\n';
     if (!scale) scale = &quantity->scales.front();
     multiplier = scale->multiplier;
     offset = scale->offset;
