@@ -131,9 +131,9 @@ void printBlockLine(const BlockLine& line, std::string& text) {
   for (const BlockLine& part : line.parts) printBlockLine(part, text);
 }
 
-std::string printBlocks(const BlockLine& total, const Style& style) {
+std::string printBlocks(const char* head, const BlockLine& total, const Style& style) {
   std::string text =
-      "\n" + style.bold(padRight("Block", 34) + padLeft("Power (W)", 12) + padLeft("%", 9)) + "\n";
+      "\n" + style.bold(padRight(head, 34) + padLeft("Power (W)", 12) + padLeft("%", 9)) + "\n";
   printBlockLine(total, text);
   return text;
 }

@@ -7,8 +7,8 @@ class KVXECell;
 
 namespace kvxe {
 
-/// A cell of another tab, named by the programmatic spellings of table and columns, so that a tab that is not built
-/// yet can be named.
+/// A cell of another tab, named by the programmatic spellings of table and columns, so that a tab that is not
+/// built yet can be named.
 struct ForeignCell {
   KVXEEnums::TabType tab;
   const char* table;

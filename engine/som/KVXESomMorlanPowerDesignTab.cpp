@@ -15,8 +15,8 @@ const std::string speedRow = "Speed";
 const kvxm::Part* basePart() {
   const KVXEPartSelection* selection = KVXEPartSelection::getGlobal();
   if (!selection) return nullptr;
-  const std::string name = KVXMMorlanSomPartsData::getGlobal().getDeviceData(selection->getSelectedDeviceName(),
-                                                                             "BASE_PART_NAME");
+  const std::string name =
+      KVXMMorlanSomPartsData::getGlobal().getDeviceData(selection->getSelectedDeviceName(), "BASE_PART_NAME");
   return kvxm::DeviceCatalogue::getGlobal().findPart(name);
 }
 
@@ -49,6 +49,8 @@ std::string KVXESomMorlanPowerDesignTab::partSetting(const DeviceRow& row) const
 
 /// The dynamic rows of the summary's one list of blocks; without a summary, what the tabs themselves say.
 float KVXESomMorlanPowerDesignTab::onChipDynamicPower(const KVXEUID& uid) {
-  const bool isListed = uid.getBook()->getTable(KVXEEnums::TabType::SUMMARY, &KVXESummaryTab::m_onchipTableHeader);
-  return isListed ? KVXESummaryTab::getFpgaDynamicPower(uid) : KVXEMorlanPowerDesignTab::onChipDynamicPower(uid);
+  const bool isListed =
+      uid.getBook()->getTable(KVXEEnums::TabType::SUMMARY, &KVXESummaryTab::m_onchipTableHeader);
+  return isListed ? KVXESummaryTab::getFpgaDynamicPower(uid)
+                  : KVXEMorlanPowerDesignTab::onChipDynamicPower(uid);
 }

@@ -2,8 +2,8 @@
 
 #include "engine/morlan/KVXEMorlanPowerDesignTab.h"
 
-/// The power design of a module: the rails of the device that the module carries. Package and speed field, which a
-/// module has none of, are those of that device's part.
+/// The power design of a module: the rails of the device that the module carries. Package and speed field,
+/// which a module has none of, are those of that device's part.
 class KVXESomMorlanPowerDesignTab : public KVXEMorlanPowerDesignTab {
  public:
   using KVXEMorlanPowerDesignTab::KVXEMorlanPowerDesignTab;

@@ -9,8 +9,8 @@
 #include "models/morlan/KVXMMorlanSM6.h"
 #include "models/morlan/SomBoardPower.h"
 
-using KVXEEnums::TabType;
 using kvxe::ForeignCell;
+using KVXEEnums::TabType;
 using kvxm::BoardComponent;
 using kvxm::BoardKey;
 using Tab = KVXESomMorlanSummaryTab;
@@ -33,8 +33,9 @@ namespace {
 
 enum class Side { Logic, Processors };
 
-/// Which slot of the model a rail of the device counts to: the first rule whose prefix and part fit. The rails of the
-/// logic's IO banks come from the carrier card, and the battery feeds its rail past the board's input.
+/// Which slot of the model a rail of the device counts to: the first rule whose prefix and part fit. The
+/// rails of the logic's IO banks come from the carrier card, and the battery feeds its rail past the board's
+/// input.
 struct RailRule {
   std::string_view prefix;
   std::string_view part;
@@ -135,7 +136,8 @@ void KVXESomMorlanSummaryTab::updateSomDdrParams(const KVXEUID& uid, kvxm::Recor
   if (KVXECell* cell = kvxe::findCell(book, memoryWidth); cell && cell->getVal(bits, true))
     *params.findInt(BoardKey::MEMORY_WIDTH) = bits;
   *params.findFloat(BoardKey::MEMORY_RATE) = numberIn(kvxe::findCell(book, memoryRate)).value_or(0.0f);
-  *params.findFloat(BoardKey::MEMORY_ACTIVITY) = numberIn(kvxe::findCell(book, memoryActivity)).value_or(0.0f);
+  *params.findFloat(BoardKey::MEMORY_ACTIVITY) =
+      numberIn(kvxe::findCell(book, memoryActivity)).value_or(0.0f);
 }
 
 void KVXESomMorlanSummaryTab::updateSomEmmcParams(const KVXEUID& uid, kvxm::Record& params) {
@@ -184,9 +186,11 @@ void KVXESomMorlanSummaryTab::initIoInterfaceTable() {
   }
 }
 
-// Thermal loading. Every row runs the model by itself: it then depends on what the model reads, and on no other row.
+// Thermal loading. Every row runs the model by itself: it then depends on what the model reads, and on no
+// other row.
 
-void KVXESomMorlanSummaryTab::updateHeat(const KVXEUID& uid, const KVXETitle& table, BoardComponent component) {
+void KVXESomMorlanSummaryTab::updateHeat(const KVXEUID& uid, const KVXETitle& table,
+                                         BoardComponent component) {
   if (!isInTable(uid, {&table}, somName)) return;
   const auto result = runBoard(uid);
   KVXECell* cell = uid.getCell();
@@ -246,8 +250,8 @@ void KVXESomMorlanSummaryTab::updateSomEmmcPowerSM4(const KVXEUID& uid) {
 
 namespace {
 
-/// A supply that the carrier card gives. A voltage or range that the board fixes stands here, other voltages and
-/// currents are those of the IO banks.
+/// A supply that the carrier card gives. A voltage or range that the board fixes stands here, other voltages
+/// and currents are those of the IO banks.
 struct CarrierSupply {
   const std::string* rail;
   const char* voltage;
@@ -292,7 +296,8 @@ void KVXESomMorlanSummaryTab::initVCRequirementsTable() {
        .unit = KVXEEnums::Unit::CURRENT_SHOW},
       {.title = &m_BankVoltageRange, .type = STRING, .formula = &updateVoltageRange},
   };
-  KVXETable* table = createTable(&m_VCRequirementsTable, false, false, true, KVXEEnums::GridComponentType::TABLE);
+  KVXETable* table =
+      createTable(&m_VCRequirementsTable, false, false, true, KVXEEnums::GridComponentType::TABLE);
   table->addColumns(columns);
   table->setMsg(KvxSeverity::INFO, "Summary table of the required " + productName() +
                                        " voltage and current specifications required from the carrier card");

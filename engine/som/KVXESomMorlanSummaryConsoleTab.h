@@ -2,8 +2,8 @@
 
 #include "engine/morlan/KVXEMorlanSummaryConsoleTab.h"
 
-/// The console panel of a module's book: the total is the board's, which the panel splits into the device and the
-/// board around it.
+/// The console panel of a module's book: the total is the board's, which the panel splits into the device and
+/// the board around it.
 class KVXESomMorlanSummaryConsoleTab : public KVXEMorlanSummaryConsoleTab {
  public:
   static const std::string m_boardStr;

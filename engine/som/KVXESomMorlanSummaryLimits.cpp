@@ -26,7 +26,8 @@ const char* const bramMsg =
     "Power exceeded on the PL IO and BRAM Rail by %.3f mW. Reduce MSIO power or BRAM power.";
 const char* const emmcMsg = "Power exceeded on the eMMC rail by %.3f mW. Reduce eMMC usage.";
 const char* const auxMsg =
-    "Power exceeded on the PL IO/CLKMGR/XCVRB rail by %.3f mW. Reduce Clock Manager Usage, PLIO usage or XCVRB "
+    "Power exceeded on the PL IO/CLKMGR/XCVRB rail by %.3f mW. Reduce Clock Manager Usage, PLIO usage or "
+    "XCVRB "
     "power.";
 const char* const psMsg =
     "Power exceeded on the PS Rail by %.3f mW. Reduce PS Processor, Memory or Peripheral power.";
@@ -64,7 +65,8 @@ std::string withNumber(std::string text, float milliwatts) {
   return text.replace(text.find(place), place.size(), KVXMHelperUtils::formatFixed(milliwatts, 3));
 }
 
-bool findMessage(const std::string& key, const char* Violation::*board, float milliwatts, std::string& message) {
+bool findMessage(const std::string& key, const char* Violation::*board, float milliwatts,
+                 std::string& message) {
   message.clear();
   for (const Violation& violation : violations)
     if (key == violation.key && violation.*board) message = withNumber(violation.*board, milliwatts);
@@ -102,7 +104,8 @@ std::string KVXESomMorlanSummaryTab::violationsOf(const KVXEUID& uid, kvxm::Reco
 
 bool KVXESomMorlanSummaryTab::hasExceededLimits(const KVXEUID& uid) {
   const KVXESummaryTab* tab = tabOf(uid);
-  const KVXETable* table = tab ? tab->getTable(isSM4(uid) ? &m_ThermalLoadingTableSM4 : &m_ThermalLoadingTable) : nullptr;
+  const KVXETable* table =
+      tab ? tab->getTable(isSM4(uid) ? &m_ThermalLoadingTableSM4 : &m_ThermalLoadingTable) : nullptr;
   for (unsigned int i = 1; table && i < table->getRowCount(); ++i) {
     KVXECell* cell = table->getCellAt(i, &m_ThermalLoadingPower);
     readEntry(cell);  // its message follows its value

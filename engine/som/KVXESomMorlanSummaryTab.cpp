@@ -19,7 +19,8 @@ using Tab = KVXESomMorlanSummaryTab;
 std::span<const KVXEFixedRow> powerSummaryRows() {
   static const KVXEFixedRow rows[] = {
       {&Tab::m_somTotalPowerStr,
-       "Total power of the {} board at the 5V input, detailed component power numbers given in the Thermal Loading "
+       "Total power of the {} board at the 5V input, detailed component power numbers given in the Thermal "
+       "Loading "
        "Table",
        &Tab::updateSomTotalPower},
       {&Tab::m_somJunctionTempStr,
@@ -38,10 +39,14 @@ KVXEFixedRow loadingRow(const std::string& text, KVXEFormula formula) {
 
 std::span<const KVXEFixedRow> loadingRows() {
   static const KVXEFixedRow rows[] = {
-      loadingRow(Tab::m_sm6Str, &Tab::updateSomFpgaPower), loadingRow(Tab::m_ddr4Str, &Tab::updateSomDdrPower),
-      loadingRow(Tab::m_u170Str, &Tab::updateU170Power),   loadingRow(Tab::m_u167Str, &Tab::updateU167Power),
-      loadingRow(Tab::m_u166Str, &Tab::updateU166Power),   loadingRow(Tab::m_u151Str, &Tab::updateU151Power),
-      loadingRow(Tab::m_u165Str, &Tab::updateU165Power),   loadingRow(Tab::m_pcbStr, &Tab::updatePcbPower),
+      loadingRow(Tab::m_sm6Str, &Tab::updateSomFpgaPower),
+      loadingRow(Tab::m_ddr4Str, &Tab::updateSomDdrPower),
+      loadingRow(Tab::m_u170Str, &Tab::updateU170Power),
+      loadingRow(Tab::m_u167Str, &Tab::updateU167Power),
+      loadingRow(Tab::m_u166Str, &Tab::updateU166Power),
+      loadingRow(Tab::m_u151Str, &Tab::updateU151Power),
+      loadingRow(Tab::m_u165Str, &Tab::updateU165Power),
+      loadingRow(Tab::m_pcbStr, &Tab::updatePcbPower),
       loadingRow(Tab::m_emmcStr, &Tab::updateSomEmmcPower),
   };
   return rows;
@@ -99,7 +104,8 @@ void KVXESomMorlanSummaryTab::initPowerSummaryTable() {
   table->addColumns(columns);
   table->setIsHeaderHidden(true);
   table->setMsg(KvxSeverity::INFO, "Summary table of the " + productName() + " power estimation.");
-  kvxe::addFixedRows(*table, m_PowerSummaryOption, m_PowerSummarySelection, powerSummaryRows(), productName());
+  kvxe::addFixedRows(*table, m_PowerSummaryOption, m_PowerSummarySelection, powerSummaryRows(),
+                     productName());
 }
 
 void KVXESomMorlanSummaryTab::initThermalLoadingTable() {
@@ -110,7 +116,8 @@ void KVXESomMorlanSummaryTab::initThermalLoadingTableSM4() {
   fillThermalLoadingTable(m_ThermalLoadingTableSM4, loadingRowsSM4());
 }
 
-void KVXESomMorlanSummaryTab::fillThermalLoadingTable(const KVXETitle& title, std::span<const KVXEFixedRow> rows) {
+void KVXESomMorlanSummaryTab::fillThermalLoadingTable(const KVXETitle& title,
+                                                      std::span<const KVXEFixedRow> rows) {
   const KVXEColumn columns[] = {
       {.title = &m_ThermalLoadingComponent, .type = KVXEEnums::CellType::STRING},
       {.title = &m_ThermalLoadingPower, .type = KVXEEnums::CellType::FLOAT, .unit = Unit::POWER_SHOW},
@@ -141,8 +148,8 @@ float KVXESomMorlanSummaryTab::getSomTotalPower(const KVXEUID& uid) {
   KVXESummaryTab* tab = tabOf(uid);
   if (!tab) return 0.0f;
   const KVXETitle* loading = isSM4(uid) ? &m_ThermalLoadingTableSM4 : &m_ThermalLoadingTable;
-  static constexpr kvxe::ForeignCell battery{TabType::PS, "PS_STATE_SUMMARY", "Battery Power Domain", "DOMAIN",
-                                             "POWER"};
+  static constexpr kvxe::ForeignCell battery{TabType::PS, "PS_STATE_SUMMARY", "Battery Power Domain",
+                                             "DOMAIN", "POWER"};
   return tab->sumColumn(loading, &m_ThermalLoadingPower) +
          readEntry(kvxe::findCell(*uid.getBook(), battery)).value_or(0.0f);
 }
@@ -198,8 +205,7 @@ std::span<const kvxe::OnchipStaticTerm> KVXESomMorlanSummaryTab::staticTerms() c
   static const kvxe::OnchipStaticTerm terms[] = {
       {plStaticRow, {{{Key::PL_STATIC_POWER}}}},
       {psStaticRow, {{{Key::PS_STATIC_POWER}}}},
-      {xcvrStaticRow,
-       {{{Key::XCVRA_STATIC_POWER}, {Key::XCVRB_STATIC_POWER}, {Key::XCVRC_STATIC_POWER}}}},
+      {xcvrStaticRow, {{{Key::XCVRA_STATIC_POWER}, {Key::XCVRB_STATIC_POWER}, {Key::XCVRC_STATIC_POWER}}}},
   };
   return terms;
 }

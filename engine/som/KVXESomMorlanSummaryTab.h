@@ -7,9 +7,9 @@
 #include "engine/morlan/KVXEMorlanSummaryTab.h"
 #include "models/catalogue/SomBoard.h"
 
-/// The summary of a module: power at the board's input, and where on the board it turns into heat. The device is
-/// estimated as ever; its rails, with the interfaces that the user counts here, load the model of the board. There
-/// are two kinds of board, with tables of their own; which one is decided when the tab is made.
+/// The summary of a module: power at the board's input, and where on the board it turns into heat. The device
+/// is estimated as ever; its rails, with the interfaces that the user counts here, load the model of the
+/// board. There are two kinds of board, with tables of their own; which one is decided when the tab is made.
 class KVXESomMorlanSummaryTab : public KVXEMorlanSummaryTab {
  public:
   static const KVXETitle m_PowerSummaryTable, m_PowerSummaryOption, m_PowerSummarySelection;
@@ -21,8 +21,8 @@ class KVXESomMorlanSummaryTab : public KVXEMorlanSummaryTab {
   // Rows of the power summary that only a module has.
   static const std::string m_somTotalPowerStr, m_somJunctionTempStr;
   // Components of the boards.
-  static const std::string m_sm6Str, m_sm4Str, m_ddr4Str, m_lpddr4Str, m_u170Str, m_u167Str, m_u166Str, m_u151Str,
-      m_u165Str, m_pcbStr, m_emmcStr;
+  static const std::string m_sm6Str, m_sm4Str, m_ddr4Str, m_lpddr4Str, m_u170Str, m_u167Str, m_u166Str,
+      m_u151Str, m_u165Str, m_pcbStr, m_emmcStr;
   // Supplies that the carrier card gives to the board.
   static const std::string m_vccSomStr, m_vccoHpaStr, m_vccoHpbStr, m_vccoHpcStr, m_vccoHdaStr, m_vccoHdbStr,
       m_vccoHdcStr, m_vccBattStr;
@@ -43,10 +43,11 @@ class KVXESomMorlanSummaryTab : public KVXEMorlanSummaryTab {
   static float getTotalPower(const KVXEUID& uid);
   /// Whether a supply of the board is overloaded.
   static bool hasExceededLimits(const KVXEUID& uid);
-  /// The text for a limit of the board, by the name of its slot ("U166_DA9130_OVERLIMIT"), that is exceeded by so
-  /// much. False, with an empty text, for a limit without one.
+  /// The text for a limit of the board, by the name of its slot ("U166_DA9130_OVERLIMIT"), that is exceeded
+  /// by so much. False, with an empty text, for a limit without one.
   static bool getBoardViolationMessage(const std::string& key, float overByMilliwatts, std::string& message);
-  static bool getBoardViolationMessageSM4(const std::string& key, float overByMilliwatts, std::string& message);
+  static bool getBoardViolationMessageSM4(const std::string& key, float overByMilliwatts,
+                                          std::string& message);
 
   // The input of the board's model, KVXMMorlanSM6Params or KVXMMorlanSM4Params.
   static void getSomParams(const KVXEUID& uid, kvxm::Record& params);
@@ -98,6 +99,7 @@ class KVXESomMorlanSummaryTab : public KVXEMorlanSummaryTab {
   void initIoInterfaceTable();
   static std::unique_ptr<kvxm::Record> runBoard(const KVXEUID& uid);
   /// The messages of the limits that the board exceeds, of one component's regulators or of all.
-  static std::string violationsOf(const KVXEUID& uid, kvxm::Record& result, const kvxm::BoardComponent* component);
+  static std::string violationsOf(const KVXEUID& uid, kvxm::Record& result,
+                                  const kvxm::BoardComponent* component);
   static void updateHeat(const KVXEUID& uid, const KVXETitle& table, kvxm::BoardComponent component);
 };

@@ -42,9 +42,9 @@ struct BoardRegulator {
   BoardOutput output = BoardOutput::VCC_SOM;
   BoardComponent component = BoardComponent::PCB;  ///< where its loss heats
   float volts = 0;
-  float efficiency = 1;      ///< of all stages from the board's input to the output
-  float ohms = 0;            ///< copper from the output to the loads
-  float limitWatts = 0;      ///< most that the output delivers; 0 for no limit
+  float efficiency = 1;  ///< of all stages from the board's input to the output
+  float ohms = 0;        ///< copper from the output to the loads
+  float limitWatts = 0;  ///< most that the output delivers; 0 for no limit
   std::vector<BoardLoad> loads;
 };
 
@@ -58,7 +58,7 @@ struct BoardConsumer {
 
 /// The board of one kind of module. Each load hangs on exactly one output.
 struct SomBoard {
-  std::string device;  ///< the module kind, "SM6"
+  std::string device;    ///< the module kind, "SM6"
   BoardRegulator input;  ///< the connector; its volts are the board's input voltage
   std::vector<BoardRegulator> regulators;
   std::vector<BoardConsumer> consumers;

@@ -67,8 +67,8 @@ void SomBoardReader::read(const DataFile& file, const std::vector<std::string_vi
   m_modules = modules;
   const bool isRegulators = file.kind == DataKind::BoardRegulators;
   CsvTable table(file, m_problems);
-  const Words columns = isRegulators ? Words{"module", "output", "component", "volts", "efficiency",
-                                             "milliohms", "limit_w", "loads"}
+  const Words columns = isRegulators ? Words{"module",     "output",    "component", "volts",
+                                             "efficiency", "milliohms", "limit_w",   "loads"}
                                      : Words{"module", "use", "load", "component", "watts"};
   if (!table.checkColumns(columns)) return;
   if (isRegulators) m_origin = {file.kind, file.directory, file.path, {}, file.isUser};
@@ -131,8 +131,8 @@ bool SomBoardReader::firstInLayer(CsvRow& row, const DataFile& file, std::string
 }
 
 SomBoard& SomBoardReader::boardOf(const std::string& device) {
-  const auto found =
-      std::find_if(boards.begin(), boards.end(), [&](const SomBoard& board) { return board.device == device; });
+  const auto found = std::find_if(boards.begin(), boards.end(),
+                                  [&](const SomBoard& board) { return board.device == device; });
   if (found != boards.end()) return *found;
   boards.push_back({device, {}, {}, {}});
   return boards.back();
@@ -141,7 +141,8 @@ SomBoard& SomBoardReader::boardOf(const std::string& device) {
 void SomBoardReader::finish() {
   for (const SomBoard& board : boards) {
     if (board.input.volts <= 0.0f)
-      m_problems.error(m_origin, 0, board.device, "no output VCC_SOM", "expected a row for the board's input");
+      m_problems.error(m_origin, 0, board.device, "no output VCC_SOM",
+                       "expected a row for the board's input");
     checkFeeds(board);
   }
 }
@@ -153,7 +154,8 @@ void SomBoardReader::checkFeeds(const SomBoard& board) {
     for (const BoardRegulator& regulator : board.regulators)
       feeds += std::count(regulator.loads.begin(), regulator.loads.end(), static_cast<BoardLoad>(i));
     if (feeds == 1) continue;
-    m_problems.error(m_origin, 0, board.device, std::string(loadWords[i]) + (feeds ? " is fed twice" : " is not fed"),
+    m_problems.error(m_origin, 0, board.device,
+                     std::string(loadWords[i]) + (feeds ? " is fed twice" : " is not fed"),
                      "expected each load at one output");
   }
 }

@@ -46,7 +46,8 @@ double unitsOf(BoardUse use, Record& params) {
   }
 }
 
-/// The rails' own power heats the part that they feed; all of them but the three of the board are the device's.
+/// The rails' own power heats the part that they feed; all of them but the three of the board are the
+/// device's.
 BoardComponent heatedBy(BoardLoad load) {
   switch (load) {
     case BoardLoad::MEMORY_CORE:

@@ -66,7 +66,8 @@ TEST(SomBoard, HeatIsWhatTheInputAndTheCarrierDeliver) {
     for (const float watts : {0.0f, 0.01f, 0.4f, 5.0f}) {
       for (const int width : {0, 32, 64}) {
         for (const float bankWatts : {0.0f, 1.5f}) {
-          SCOPED_TRACE(std::string(module.name) + " " + std::to_string(watts) + " W, width " + std::to_string(width));
+          SCOPED_TRACE(std::string(module.name) + " " + std::to_string(watts) + " W, width " +
+                       std::to_string(width));
           const auto params = module.make();
           load(*params, watts, width > 32, width, 0.5f);
           *params->findFloat(BoardKey::PL_BANK_POWER) = bankWatts;
@@ -135,8 +136,8 @@ TEST(SomBoard, OverlimitIsTheExcessInMilliwatts) {
   };
   EXPECT_FLOAT_EQ(excess(8.0f), 0.0f);
   const float atNine = excess(9.0f);
-  EXPECT_GT(atNine, 500.0f);                              // the excess of the load and the copper before it
-  EXPECT_NEAR(excess(10.0f) - atNine, 1026.3f, 1.0f);     // one watt, and (10^2 - 9^2) / 0.85^2 of a milliohm
+  EXPECT_GT(atNine, 500.0f);                           // the excess of the load and the copper before it
+  EXPECT_NEAR(excess(10.0f) - atNine, 1026.3f, 1.0f);  // one watt, and (10^2 - 9^2) / 0.85^2 of a milliohm
   EXPECT_FLOAT_EQ(params[F::U167_DA9131_CH1_OVERLIMIT], 0.0f);
 }
 
@@ -154,7 +155,8 @@ TEST(SomBoard, MoreUseNeverDrawsLess) {
     const auto beyond = module.make();
     load(*beyond, 0.1f, 1, 64, 3.0f);
     module.calculate(*beyond);
-    EXPECT_FLOAT_EQ(value(*beyond, BoardKey::INPUT_POWER), before) << "an interface is busy at most all the time";
+    EXPECT_FLOAT_EQ(value(*beyond, BoardKey::INPUT_POWER), before)
+        << "an interface is busy at most all the time";
   }
 }
 
@@ -181,7 +183,8 @@ TEST(SomBoardData, MistakesAreNamed) {
   const Case cases[] = {
       {"load fed twice", "SM6,U166_DA9130,U166,0.85,0.9,0,1,PL_CORE VCU", "SM6: VCU is fed twice"},
       {"load without a supply", "SM6,U166_DA9130,U166,0.85,0.9,0,1,", "SM6: PL_CORE is not fed"},
-      {"unknown load", "SM6,U166_DA9130,U166,0.85,0.9,0,1,PL_COR", "loads: \"PL_COR\"; did you mean \"PL_CORE\"?"},
+      {"unknown load", "SM6,U166_DA9130,U166,0.85,0.9,0,1,PL_COR",
+       "loads: \"PL_COR\"; did you mean \"PL_CORE\"?"},
       {"unknown output", "SM6,U999,U166,0.85,0.9,0,1,PL_CORE", "output: \"U999\""},
       {"more out than in", "SM6,U166_DA9130,U166,0.85,1.1,0,1,PL_CORE", "efficiency: \"1.1\""},
       {"unknown module", "SM9,U166_DA9130,U166,0.85,0.9,0,1,PL_CORE", "module: \"SM9\""},
@@ -190,9 +193,10 @@ TEST(SomBoardData, MistakesAreNamed) {
   for (const Case& given : cases) {
     SCOPED_TRACE(given.label);
     ModelDataDirectory directory;
-    directory.write("som/regulators.csv", std::string("module,output,component,volts,efficiency,milliohms,limit_w,"
-                                                      "loads\n") +
-                                              given.row + "\n");
+    directory.write("som/regulators.csv",
+                    std::string("module,output,component,volts,efficiency,milliohms,limit_w,"
+                                "loads\n") +
+                        given.row + "\n");
     directory.load();
     EXPECT_THAT(kvxm::modelDataErrors(), Contains(HasSubstr(given.message)));
   }

@@ -99,8 +99,9 @@ bool KVXESummaryTab::updateOverride(const KVXEUID& uid, KVXECell* (*seed)(const 
   // Where the estimate stood before the override: its cell must not be evaluated, since it follows this one.
   KVXECell* estimate = seed(uid);
   float celsius = 0.0f;
-  cell->setValAndMarkEngineClean(estimate && estimate->getVal(celsius, false) ? celsius
-                                                                              : getDefaultJunctionTemp());
+  const bool isKnown = estimate && estimate->getVal(celsius, false);
+  cell->setValAndMarkEngineClean(isKnown ? celsius : getDefaultJunctionTemp());
+  cell->setValueSource(KVXEEnums::ValueSource::USER);  // an entry from now on, which a saved project keeps
   return true;
 }
 
