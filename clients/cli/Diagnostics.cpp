@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <tuple>
 
+#include "clients/cli/TextTable.h"
+
 namespace kvx {
 
 std::size_t Diagnostics::sourceOf(const std::string& name) {
@@ -17,7 +19,9 @@ void Diagnostics::add(const Place& place, const std::string& what, const std::st
   if (place.line > 0) text += std::to_string(place.line) + ":";
   text += " " + what;
   if (!remedy.empty()) text += "; " + remedy;
-  m_entries.push_back({sourceOf(place.source), place.line, std::move(text)});
+  constexpr std::size_t Longest = 1000;  // keys are the user's, of any length
+  if (text.size() > Longest) text = text.substr(0, Longest) + "...";
+  m_entries.push_back({sourceOf(place.source), place.line, printable(text)});
 }
 
 void Diagnostics::addLine(const std::string& line) {
