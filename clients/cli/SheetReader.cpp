@@ -24,8 +24,8 @@ std::string describeValue(const SheetValue& value) {
 namespace {
 
 // The parser's tables nest as deep as a dotted key, and it destroys them by recursion: a key of 100,000 dots
-// would end the process. A sheet needs two.
-constexpr unsigned int MostDotsInLine = 64;
+// would end the process. Where texts begin and end is the parser's business, so that all dots count.
+constexpr std::ptrdiff_t MostDotsInLine = 100;
 constexpr unsigned int MostUnreadableLines = 50;
 
 unsigned int lineOf(const toml::source_region& region) {
@@ -155,34 +155,36 @@ class DocumentReader {
   Diagnostics& m_diagnostics;
 };
 
-/// The first line that has more dots outside of texts than any key of a sheet; 0 when there is none.
-unsigned int findDeepLine(std::string_view text) {
-  unsigned int line = 1, dots = 0;
-  char quote = 0;
-  bool isComment = false;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const char c = text[i];
-    if (c == '\n') {
-      ++line;
-      dots = 0;
-      quote = 0;
-      isComment = false;
-    } else if (isComment) {
-      continue;
-    } else if (quote) {
-      if (c == '\\' && quote == '"')
-        ++i;
-      else if (c == quote)
-        quote = 0;
-    } else if (c == '"' || c == '\'') {
-      quote = c;
-    } else if (c == '#') {
-      isComment = true;
-    } else if (c == '.' && ++dots > MostDotsInLine) {
-      return line;
-    }
+bool startsName(char c) {
+  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || c == '-' ||
+         c == '"' || c == '\'';
+}
+
+/// Whether a line begins a section without a name, which the parser takes for a fault of its own.
+bool isNamelessSection(std::string_view line) {
+  constexpr std::string_view Blanks = " \t";
+  const auto skip = [&line](std::size_t count) { line.remove_prefix(std::min(count, line.size())); };
+  if (line.starts_with("\xEF\xBB\xBF")) skip(3);
+  skip(line.find_first_not_of(Blanks));
+  if (!line.starts_with('[')) return false;
+  skip(line.starts_with("[[") ? 2 : 1);
+  skip(line.find_first_not_of(Blanks));
+  return line.empty() || !startsName(line.front());
+}
+
+/// Reports lines that must not reach the parser. True if there are any.
+bool hasForbiddenLines(std::string_view text, const std::string& source, Diagnostics& diagnostics) {
+  const std::size_t before = diagnostics.size();
+  for (unsigned int number = 1; !text.empty(); ++number) {
+    const std::string_view line = text.substr(0, text.find('\n'));
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+    if (std::count(line.begin(), line.end(), '.') > MostDotsInLine)
+      diagnostics.add({source, number}, "the line has too many dots",
+                      "a key has two parts at most: [[tab.table]]");
+    if (isNamelessSection(line))
+      diagnostics.add({source, number}, "a section without a name", "write [[tab]] or [[tab.table]]");
   }
-  return 0;
+  return diagnostics.size() > before;
 }
 
 /// Blanks a line, so that the rest can be read. False for one that begins a row or a table: what follows it
@@ -262,9 +264,8 @@ std::optional<std::string> readText(const std::string& path, Diagnostics& diagno
 Sheet readSheetText(std::string text, const std::string& source, Diagnostics& diagnostics) {
   Sheet sheet;
   sheet.place = {source, 1};
-  if (const unsigned int line = findDeepLine(text)) {
+  if (hasForbiddenLines(text, source, diagnostics)) {
     sheet.isDamaged = true;
-    diagnostics.add({source, line}, "a key has too many parts", "write [[tab]] or [[tab.table]]");
     return sheet;
   }
   const auto document = parseAsFarAsPossible(text, sheet, diagnostics);

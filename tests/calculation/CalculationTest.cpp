@@ -32,8 +32,8 @@ TEST_F(CalculationTest, FullCalculationLearnsWhatEachFormulaReads) {
   settle();
   EXPECT_EQ(text(1, Sum), "11");
   EXPECT_EQ(text(4, Sum), "33");
-  EXPECT_THAT(log.edges, UnorderedElementsAre("A1>SUM1", "B1>SUM1", "A2>SUM2", "B2>SUM2", "A3>SUM3", "B3>SUM3",
-                                              "SUM1>SUM4", "SUM2>SUM4", "SUM3>SUM4"));
+  EXPECT_THAT(log.edges, UnorderedElementsAre("A1>SUM1", "B1>SUM1", "A2>SUM2", "B2>SUM2", "A3>SUM3",
+                                              "B3>SUM3", "SUM1>SUM4", "SUM2>SUM4", "SUM3>SUM4"));
 }
 
 TEST_F(CalculationTest, AnEditRunsOnlyWhatIsDownstream) {
@@ -123,10 +123,13 @@ TEST_F(CalculationTest, ACycleIsReportedWithItsCallStackAndLeft) {
     uid.getCell()->setValAndMarkEngineClean(3);
   });
   Captured out;
+  EventLog log;
   settle();
+  EXPECT_THAT(log.edges, Not(Contains("A1>SUM1"))) << "what the report reads is no dependency";
   EXPECT_THAT(out.text(), HasSubstr("creates a cyclic dependancy with the cell it-self."));
-  EXPECT_THAT(out.text(), HasSubstr("\tuid.describe() = Sysmon Tab -> Tiny Table -> Sum Column -> Row(Engine:1, "
-                                    "Gui:0 ) -> CellValue: "));
+  EXPECT_THAT(out.text(),
+              HasSubstr("\tuid.describe() = Sysmon Tab -> Tiny Table -> Sum Column -> Row(Engine:1, "
+                        "Gui:0 ) -> CellValue: "));
   EXPECT_THAT(out.text(), HasSubstr(" , getState() = DIRTY_DISABLED\n"));
   EXPECT_THAT(out.text(), HasSubstr("Dependency call stack:\n\tLevel-1:\tSysmon Tab"));
   EXPECT_EQ(text(1, Sum), "3");
@@ -136,8 +139,49 @@ TEST_F(CalculationTest, AFormulaThatForgetsToMarkItsCellCleanIsReportedAndMended
   at(1, Sum)->assignFormula([](const KVXEUID&) {});
   Captured out;
   settle();
-  EXPECT_THAT(out.text(), HasSubstr("that does not mark engine value clean for the cell.\n\tuid.describe() = "));
+  EXPECT_THAT(out.text(),
+              HasSubstr("that does not mark engine value clean for the cell.\n\tuid.describe() = "));
   EXPECT_TRUE(at(1, Sum)->isEngineClean());
+}
+
+TEST_F(CalculationTest, FormulasMayDeleteRowsThatAreStillToBeEvaluated) {
+  at(1, Sum)->assignFormula([](const KVXEUID& uid) {
+    KVXETable* rows = uid.getTable();
+    while (rows->getRowCount() > 3) {
+      rows->getCellAt(2, &A)->markDirtyForNextCalculationIteration();
+      rows->deleteRow(2);
+    }
+    EXPECT_FALSE(rows->deleteRow(1)) << "not the row whose formula is running";
+    uid.getCell()->setValAndMarkEngineClean(7);
+  });
+  Captured out;
+  settle();
+  EXPECT_EQ(table->getRowCount(), 3u);
+  EXPECT_EQ(text(2, Sum), "7") << "the total is what is left";
+  EXPECT_EQ(out.text(), "\n Unable to delete row");
+}
+
+TEST_F(CalculationTest, CellsThatFormulasMakeAreReportedAndCalculated) {
+  at(1, Sum)->assignFormula([](const KVXEUID& uid) {
+    if (uid.getTable()->getRowCount() == Rows + 1) uid.getTable()->getOrCreateRow(Rows + 1);
+    uid.getCell()->setValAndMarkEngineClean(7);
+  });
+  Captured out;
+  settle();
+  EXPECT_EQ(text(Rows + 1, Sum), "11");
+  EXPECT_THAT(out.text(),
+              HasSubstr("Error: No or incorrect vertex found for below cell in DAG.\nSysmon Tab -> Tiny"));
+}
+
+TEST_F(CalculationTest, CellsThatWaitForTheNextRoundLeaveWhenTheyDie) {
+  settle();
+  for (const unsigned int row : {2u, 3u}) at(row, A)->markDirtyForNextCalculationIteration();
+  table->deleteRow(2);
+  ASSERT_EQ(mgr.getNextIterationCells().size(), 1u);
+  EXPECT_EQ(mgr.getNextIterationCells().begin()->getCell(), at(2, A));
+  KVXEBookMgr::getGlobal().closeProject();
+  EXPECT_THAT(mgr.getNextIterationCells(), IsEmpty());
+  EXPECT_EQ(mgr.checkInvariants(), "");
 }
 
 int roundsLeft = 0;
@@ -154,13 +198,15 @@ TEST_F(CalculationTest, RoundsEndAtAHundredWithAWarning) {
     int rounds;
     bool warns;
     int last;
-  } cases[] = {{"settles early", 3, false, 1}, {"in the hundredth", 100, true, 1}, {"never", 1000, true, 901}};
+  } cases[] = {
+      {"settles early", 3, false, 1}, {"in the hundredth", 100, true, 1}, {"never", 1000, true, 901}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.label);
     roundsLeft = c.rounds;
     Captured out;
     mgr.fullCalculate();
-    EXPECT_EQ(out.text().find("exceeded calculation iteration count threshold") != std::string::npos, c.warns);
+    EXPECT_EQ(out.text().find("exceeded calculation iteration count threshold") != std::string::npos,
+              c.warns);
     EXPECT_EQ(text(1, Sum), std::to_string(c.last));
     roundsLeft = 0;
     mgr.calculate();
@@ -198,8 +244,9 @@ TEST_F(CalculationTest, VerificationPointsAtFormulasThatReadWhatNobodySees) {
   hidden = 2;
   Captured out;
   EXPECT_FALSE(mgr.verifyIncrVsFull());
-  EXPECT_THAT(out.text(), HasSubstr("did not calculate cell described below properly. \nIncremental Output: 1\n"
-                                    "Full Output: 2\n"));
+  EXPECT_THAT(out.text(),
+              HasSubstr("did not calculate cell described below properly. \nIncremental Output: 1\n"
+                        "Full Output: 2\n"));
   EXPECT_THAT(out.text(), HasSubstr(" cells were calculated incorrectly in incremental analysis"));
 }
 
@@ -240,7 +287,8 @@ TEST_F(CalculationTest, RandomEditsEqualAPlainModelAndAFullCalculation) {
     int total = 0;
     for (size_t i = 0; i < model.size(); ++i) {
       total += model[i][0] + model[i][1];
-      ASSERT_EQ(text(static_cast<unsigned int>(i) + 1, Sum), std::to_string(model[i][0] + model[i][1])) << step;
+      ASSERT_EQ(text(static_cast<unsigned int>(i) + 1, Sum), std::to_string(model[i][0] + model[i][1]))
+          << step;
     }
     ASSERT_EQ(text(static_cast<unsigned int>(model.size()) + 1, Sum), std::to_string(total)) << step;
     ASSERT_TRUE(mgr.verifyIncrVsFull()) << out.text();

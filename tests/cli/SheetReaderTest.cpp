@@ -59,19 +59,33 @@ TEST(SheetReader, ReportsEveryMistakeOfForm) {
     EXPECT_EQ(lines[i].rfind("s:" + std::to_string(expected[i]) + ": ", 0), 0u) << lines[i];
 }
 
-TEST(SheetReader, NestingDoesNotEndTheProcess) {
-  const std::string dots = [] {
-    std::string key = "a";
-    for (int i = 0; i < 200000; ++i) key += ".a";
-    return key;
-  }();
-  std::string lines = "x = ";
-  for (int i = 0; i < 250; ++i) lines += "[{" + std::string("a.a.a.a.a.a.a.a.a.a.a.a.a.a.a = \n");
-  for (const std::string& text : {"[" + dots + "]\n", dots + " = 1\n", "x = {" + dots + " = 1}\n",
-                                  "x = " + std::string(100000, '[') + "\n", lines}) {
+TEST(SheetReader, NoTextEndsTheProcess) {
+  std::string dots = "a";
+  for (int i = 0; i < 200000; ++i) dots += ".a";
+  std::string nested = "x = ";
+  for (int i = 0; i < 250; ++i) {
+    nested += "[{a";
+    for (int j = 0; j < 99; ++j) nested += ".a";
+    nested += " = \n";
+  }
+  const std::string texts[] = {"[" + dots + "]\n",
+                               dots + " = 1\n",
+                               "x = {" + dots + " = 1}\n",
+                               "x = [\"\"\"\n# \"\"\", {" + dots + " = 1}]\n",
+                               "x = " + std::string(100000, '[') + "\n",
+                               nested,
+                               "[(]\n",
+                               "[[ \n",
+                               "\xEF\xBB\xBF [",
+                               "[",
+                               "[[[a]]]\n",
+                               "\"",
+                               "'''",
+                               "a = \"\\u12"};
+  for (const std::string& text : texts) {
     kvx::Diagnostics diagnostics;
     kvx::readSheetText(text, "s", diagnostics);
-    EXPECT_FALSE(diagnostics.isEmpty());
+    EXPECT_FALSE(diagnostics.isEmpty()) << text.substr(0, 50);
   }
 }
 

@@ -22,10 +22,16 @@ class CellTest : public TinyBook {
         {.title = &A, .type = CellType::INT, .isEditable = true},
         {.title = &B, .type = CellType::FLOAT, .isEditable = true, .minimum = 0.5, .maximum = 9},
         {.title = &Name, .type = CellType::STRING, .isEditable = true},
-        {.title = &Choice, .type = CellType::STRING, .isEditable = true, .isDropdown = true, .entries = Letters}};
+        {.title = &Choice,
+         .type = CellType::STRING,
+         .isEditable = true,
+         .isDropdown = true,
+         .entries = Letters}};
     make(columns, 2);
   }
-  KVXECell* cellOf(CellType type) { return at(1, type == CellType::INT ? A : type == CellType::FLOAT ? B : Name); }
+  KVXECell* cellOf(CellType type) {
+    return at(1, type == CellType::INT ? A : type == CellType::FLOAT ? B : Name);
+  }
 };
 
 TEST_F(CellTest, EveryCellAnswersInEachType) {
@@ -35,12 +41,10 @@ TEST_F(CellTest, EveryCellAnswersInEachType) {
     int asInt;
     float asFloat;
     std::string asText;
-  } cases[] = {{CellType::INT, "42", 42, 42.0f, "42"},
-               {CellType::INT, "9 lives", 9, 9.0f, "9"},
-               {CellType::FLOAT, "-2.75", -2, -2.75f, "-2.75"},
-               {CellType::FLOAT, "1e20", 2147483647, 1e20f, "1e+20"},
-               {CellType::STRING, "3.5 V", 3, 3.5f, "3.5 V"},
-               {CellType::STRING, "none", 0, 0.0f, "none"}};
+  } cases[] = {
+      {CellType::INT, "42", 42, 42.0f, "42"},          {CellType::INT, "9 lives", 9, 9.0f, "9"},
+      {CellType::FLOAT, "-2.75", -2, -2.75f, "-2.75"}, {CellType::FLOAT, "1e20", 2147483647, 1e20f, "1e+20"},
+      {CellType::STRING, "3.5 V", 3, 3.5f, "3.5 V"},   {CellType::STRING, "none", 0, 0.0f, "none"}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.stored);
     KVXECell* cell = cellOf(c.type);
@@ -77,16 +81,34 @@ TEST_F(CellTest, BlankIsTheBlankOfTheCellsOwnType) {
 }
 
 TEST_F(CellTest, DisplayFollowsTheUnitsTable) {
-  KVXETab* summary = new KVXETab(book(), TabType::NumItems);
-  const std::unique_ptr<KVXETab> owner(summary);
+  const auto shown = [this] {
+    std::string text;
+    at(1, B)->markEngineClean();
+    EXPECT_TRUE(at(1, B)->getValWithUnit(text, false));
+    return text;
+  };
   at(1, B)->setValAndState(0.5f, DIRTY_DIRTY);
-  std::string text;
-  EXPECT_TRUE(at(1, B)->getValWithUnit(text, false));
-  EXPECT_EQ(text, "0.5") << "without a summary the unit changes nothing";
   at(1, B)->setUnit(Unit::POWER_SHOW);
-  at(1, B)->markEngineClean();
-  EXPECT_TRUE(at(1, B)->getValWithUnit(text, false));
-  EXPECT_EQ(text, "0.5");
+  EXPECT_EQ(shown(), "0.5") << "without a summary the unit changes nothing";
+  KVXETab* summary = book()->getOrCreateTab(TabType::SUMMARY);
+  KVXETable* units = summary->getTable(&KVXETab::m_UnitsTable);
+  if (!units) {
+    static const KVXEColumn columns[] = {
+        {.title = &KVXETab::m_UnitsMultiplier, .type = CellType::FLOAT},
+        {.title = &KVXETab::m_UnitsOffset, .type = CellType::FLOAT, .number = 0},
+        {.title = &KVXETab::m_UnitsSuffix, .type = CellType::STRING}};
+    units = summary->createTable(&KVXETab::m_UnitsTable, false, false, true, GridComponentType::TABLE);
+    units->addColumns(columns);
+  }
+  KVXERow* row = units->getOrCreateRow(static_cast<unsigned int>(Unit::POWER_SHOW));
+  row->getCell(&KVXETab::m_UnitsMultiplier)->setValAndState(1000.0f, CLEAN_CLEAN);
+  row->getCell(&KVXETab::m_UnitsSuffix)->setValAndState(std::string("mW"), CLEAN_CLEAN);
+  EXPECT_EQ(shown(), "500 mW");
+  float value = 250.0f;
+  at(1, B)->unitAdjustment(value, false);
+  EXPECT_EQ(value, 0.25f);
+  at(1, B)->setUnit(Unit::NO_UNIT);
+  EXPECT_EQ(shown(), "0.5") << "nothing of the former unit stays";
 }
 
 TEST_F(CellTest, DropDownListsAreOfTheColumnUnlessTheCellHasItsOwn) {
@@ -99,9 +121,27 @@ TEST_F(CellTest, DropDownListsAreOfTheColumnUnlessTheCellHasItsOwn) {
   EXPECT_THAT(list, ElementsAre("own"));
   at(2, Choice)->getDDVals(list);
   EXPECT_THAT(list, ElementsAre("z"));
+  at(2, Choice)->copyAssignElements(at(2, Name));
+  at(2, Name)->getDDVals(list);
+  EXPECT_THAT(list, ElementsAre("z")) << "a copy to another column takes the list along";
+  at(1, Choice)->copyAssignElements(at(2, Choice));
+  at(2, Choice)->getDDVals(list);
+  EXPECT_THAT(list, ElementsAre("own"));
   const Captured out;
   at(1, Name)->setDDValsAndMarkEngineClean(std::vector<std::string>{"x"});
-  EXPECT_THAT(out.text(), StartsWith("Error: Trying to set a drop-down value for a non drop-down column: Sysmon Tab"));
+  EXPECT_THAT(out.text(),
+              StartsWith("Error: Trying to set a drop-down value for a non drop-down column: Sysmon Tab"));
+}
+
+TEST_F(CellTest, WhoReadsAnInheritedListDependsOnItsColumn) {
+  at(1, A)->assignFormula([](const KVXEUID& uid) {
+    std::vector<std::string> list;
+    uid.getRow()->getCell(&Choice)->getDDVals(list);
+    uid.getCell()->setValAndMarkEngineClean(static_cast<int>(list.size()));
+  });
+  settle();
+  EXPECT_THAT(KVXECalculationMgr::getGlobal().getDirectDependents(at(1, Choice)->getHeaderDefaultCell()),
+              ElementsAre(at(1, A)));
 }
 
 TEST_F(CellTest, AValueOutsideItsListCarriesAMessageUntilItIsMended) {
@@ -155,8 +195,22 @@ TEST_F(CellTest, CopyingMovesTheContentsAndLeavesTheStateButDirty) {
   EXPECT_FALSE(from->isEquivalentElements(to));
   EXPECT_FALSE(from->isEquivalentElements(at(2, A)));
   const Captured out;
+  const std::string error = "Error: Please create a cell object before assignment operation.\n";
   from->copyAssignElements(nullptr);
-  EXPECT_EQ(out.text(), "Error: Please create a cell object before assignment operation.\n");
+  from->copyAssignElements(at(2, A));
+  EXPECT_EQ(out.text(), error + error) << "neither nothing nor another type";
+}
+
+TEST_F(CellTest, ACellTakenOutOfTheStatesStaysOut) {
+  KVXECell* cell = at(1, A);
+  cell->clearState();
+  cell->clearState();
+  const Captured err(std::cerr);
+  cell->markEngineClean();
+  EXPECT_EQ(cell->getState(), NumItems);
+  at(2, A)->copyAssignElements(cell);
+  EXPECT_EQ(cell->getState(), NumItems);
+  EXPECT_EQ(KVXECellStateMgr::getGlobal().checkInvariants(), "");
 }
 
 TEST_F(CellTest, HeaderCellsKnowTheirColumn) {
@@ -249,7 +303,9 @@ TEST(StateManager, BundlesMigrateAndMergeWhenTheyGetSmall) {
   EXPECT_EQ(manager.checkInvariants(), "");
   const Captured out;
   manager.printStateUsage(7);
-  EXPECT_EQ(out.text(), "State usage at line 7\n\tTABLE -> 6 (in 1 fragments)\n\tCELL -> 3 (in 1 fragments)\nTotal -> 9\n");
+  EXPECT_EQ(
+      out.text(),
+      "State usage at line 7\n\tTABLE -> 6 (in 1 fragments)\n\tCELL -> 3 (in 1 fragments)\nTotal -> 9\n");
   const Captured err(std::cerr);
   manager.clearState(&nodes[0]);
   EXPECT_EQ(manager.getState(&nodes[0]), AtomType::BOOK);

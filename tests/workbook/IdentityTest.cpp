@@ -39,7 +39,8 @@ TEST(Enums, WhatIsOutOfBoundsIsReportedAndGivesTheEnd) {
   EXPECT_EQ(type, CellType::HEADER);
   type = CellType::INT;
   EXPECT_EQ(--type, CellType::INT);
-  EXPECT_EQ(out.text(), "Out of bounds prefix increment operator used.\nOut of bounds prefix decrement operator used.\n");
+  EXPECT_EQ(out.text(),
+            "Out of bounds prefix increment operator used.\nOut of bounds prefix decrement operator used.\n");
 }
 
 TEST(Title, SpellingsFollowFromTheName) {
@@ -49,10 +50,14 @@ TEST(Title, SpellingsFollowFromTheName) {
     const KVXETitle& title;
     TitleType type;
     const char* text;
-  } cases[] = {{plain, TitleType::DISPLAY, "Power Design"}, {plain, TitleType::SW, "POWER_DESIGN"},
-               {plain, TitleType::LVR, "PowerDesign"},      {plain, TitleType::KVX, "PowerDesign"},
-               {plain, TitleType::RP, "PowerDesign"},       {full, TitleType::DISPLAY, "User Choice"},
-               {full, TitleType::SW, "ENV_TEMP"},           {full, TitleType::LVR, "envTemp"},
+  } cases[] = {{plain, TitleType::DISPLAY, "Power Design"},
+               {plain, TitleType::SW, "POWER_DESIGN"},
+               {plain, TitleType::LVR, "PowerDesign"},
+               {plain, TitleType::KVX, "PowerDesign"},
+               {plain, TitleType::RP, "PowerDesign"},
+               {full, TitleType::DISPLAY, "User Choice"},
+               {full, TitleType::SW, "ENV_TEMP"},
+               {full, TitleType::LVR, "envTemp"},
                {full, TitleType::KVX, "EnvTemp"}};
   for (const auto& c : cases) EXPECT_EQ(c.title.getTag(c.type), c.text) << nameOf(c.type);
 }
@@ -66,10 +71,10 @@ TEST(Title, ColumnHeadsBreakNearTheirMiddle) {
       {"Name", "Name" + pad15},
       {"Clock Tag", "Clock<br>Tag" + pad25},
       {"Toggle Rate", "Toggle<br>Rate"},
-      {"ab cd ef", "ab cd<br>ef"},          // a tie goes to the right
+      {"ab cd ef", "ab cd<br>ef"},  // a tie goes to the right
       {"Port A  Bit Width", "Port A <br>Bit Width"},
       {"A verylongword", "A<br>verylongword"},
-      {"LongWord x", "LongWord x"},         // one letter is no line
+      {"LongWord x", "LongWord x"},  // one letter is no line
       {" ", " "}};
   for (const auto& [display, html] : cases)
     EXPECT_EQ(KVXETitle("X", display).getDisplayTag(true), "<html>" + html + "</html>") << display;
@@ -78,14 +83,14 @@ TEST(Title, ColumnHeadsBreakNearTheirMiddle) {
 class UidTest : public TinyBook {};
 
 TEST_F(UidTest, TheNextPowerOfTenIsStrictlyAboveAndBounded) {
-  const std::pair<unsigned int, unsigned int> cases[] = {{0, 1},    {1, 10},           {9, 10},
-                                                         {10, 100}, {99, 100},         {999999999, 1000000000},
-                                                         {4000000000u, 1000000000}};
+  const std::pair<unsigned int, unsigned int> cases[] = {
+      {0, 1}, {1, 10}, {9, 10}, {10, 100}, {99, 100}, {999999999, 1000000000}, {4000000000u, 1000000000}};
   for (const auto& [n, bound] : cases) EXPECT_EQ(KVXEUID::upper_bound_10x(n), bound) << n;
 }
 
 TEST_F(UidTest, PackingAndUnpackingAreEachOthersInverse) {
-  static const KVXEColumn columns[] = {{.title = &A, .type = CellType::INT}, {.title = &B, .type = CellType::INT}};
+  static const KVXEColumn columns[] = {{.title = &A, .type = CellType::INT},
+                                       {.title = &B, .type = CellType::INT}};
   make(columns, 120);
   const KVXEUID tabUid(tab());
   EXPECT_EQ(tabUid.getUId(), 10ul * tab()->getIndex());
@@ -111,7 +116,8 @@ TEST_F(UidTest, PackingAndUnpackingAreEachOthersInverse) {
 }
 
 TEST_F(UidTest, OrderIsBookTabTableRowColumn) {
-  static const KVXEColumn columns[] = {{.title = &A, .type = CellType::INT}, {.title = &B, .type = CellType::INT}};
+  static const KVXEColumn columns[] = {{.title = &A, .type = CellType::INT},
+                                       {.title = &B, .type = CellType::INT}};
   make(columns, 3);
   const KVXEUID a1(at(1, A)), b1(at(1, B)), a2(at(2, A));
   EXPECT_TRUE(KVXEUID::Compare(a1, b1));
@@ -128,9 +134,10 @@ TEST_F(UidTest, DescriptionLeadsAPersonToTheCell) {
   make(columns, 12);
   at(3, A)->setValAndState(7, CellState::DIRTY_DIRTY);
   const KVXEUID uid(at(3, A));
-  EXPECT_EQ(uid.describe(" -> "), "Sysmon Tab -> Tiny Table -> A Column -> Row(Engine: 3, Gui: 2 ) -> CellValue: 7 -> "
-                                  "CellUID: " + std::to_string(uid.getUId()) +
-                                      " -> Row-Values: | ==> 7 <== | x |");
+  EXPECT_EQ(uid.describe(" -> "),
+            "Sysmon Tab -> Tiny Table -> A Column -> Row(Engine: 3, Gui: 2 ) -> CellValue: 7 -> "
+            "CellUID: " +
+                std::to_string(uid.getUId()) + " -> Row-Values: | ==> 7 <== | x |");
   table->getRow(2)->setIsEnabled(false);
   EXPECT_NE(KVXEUID(table->getRow(2)).describe("").find("Gui:Hidden )"), std::string::npos);
   EXPECT_EQ(uid.reflect().substr(0, 24), "Index mapping\n0 = BOOK\n1");

@@ -38,11 +38,13 @@ TEST_F(TableTest, ColumnsCarryTheirDeclaration) {
   EXPECT_EQ(table->getColumnType(9), CellType::NumItems);
   EXPECT_EQ(text(3, A), "1");
   EXPECT_EQ(table->getRow(0)->getCell(&A)->getMsg()->getDisplayText(), "<html>An A.</html>");
-  EXPECT_EQ(table->getRow(0)->getCell(0u)->getMsg()->getDisplayText(), "<html>Row ID of the given row.</html>");
+  EXPECT_EQ(table->getRow(0)->getCell(0u)->getMsg()->getDisplayText(),
+            "<html>Row ID of the given row.</html>");
   EXPECT_EQ(table->getColumnVisibility(&B), Visibility::INTERNAL);
   const Captured out;
   table->getHeaderRow()->assignHeaderToIndex(&A, 3);
-  EXPECT_EQ(out.text(), "Error: A column name must be unique for a table.Column 2 and 3 have same header: A\n");
+  EXPECT_EQ(out.text(),
+            "Error: A column name must be unique for a table.Column 2 and 3 have same header: A\n");
   EXPECT_EQ(table->getTitleToIndex(&Total), 0xFFFFFFFF);
   EXPECT_THAT(out.text(), EndsWith("\nError: Given header Total does not exist (yet) in the table.\n"));
 }
@@ -61,6 +63,9 @@ TEST_F(TableTest, ScreenRowsCloseUpOverWhatIsDisabledOrHidden) {
   EXPECT_EQ(engine, 0x7FFFFFFFu);
   EXPECT_FALSE(table->engineToGuiIndex(2, gui));
   EXPECT_EQ(ids(), "1 2 2 3 ") << "a row without a place keeps the number it had";
+  table->getOrCreateRow(5);
+  EXPECT_TRUE(table->engineToGuiIndex(5, gui) && gui == 2) << "a new row has its place";
+  table->deleteRow(5);
   KVXEViewer::setLevel(Visibility::INTERNAL);
   table->populateIndexMapping();
   EXPECT_TRUE(table->engineToGuiIndex(4, gui) && gui == 2);
@@ -80,7 +85,8 @@ TEST_F(TableTest, ATableWithoutDataRowsHasNoScreen) {
 }
 
 TEST_F(TableTest, DefaultsTellUsedRowsFromFreeOnes) {
-  EXPECT_EQ(table->getLastRowIDWithoutDefaults(), 4u) << "row numbers differ from the template";
+  EXPECT_EQ(table->getLastRowIDWithoutDefaults(), 0u) << "row numbers do not count";
+  EXPECT_EQ(table->getFirstRowIDWithDefaults(true), 1u);
   KVXETable* plain = tab()->createTable(&Total, false, false, true, GridComponentType::TABLE);
   static const KVXEColumn columns[] = {{.title = &A, .type = CellType::INT}};
   plain->addColumns(columns);
@@ -94,7 +100,8 @@ TEST_F(TableTest, DefaultsTellUsedRowsFromFreeOnes) {
 }
 
 TEST_F(TableTest, RowsComeMoveAndGo) {
-  for (unsigned int i = 1; i <= 4; ++i) at(i, Name)->setValAndState("n" + std::to_string(i), CellState::DIRTY_DIRTY);
+  for (unsigned int i = 1; i <= 4; ++i)
+    at(i, Name)->setValAndState("n" + std::to_string(i), CellState::DIRTY_DIRTY);
   settle();
   const auto names = [this] {
     std::string all;
@@ -111,6 +118,9 @@ TEST_F(TableTest, RowsComeMoveAndGo) {
   table->deleteRow(1);
   EXPECT_EQ(names(), " n3 n4  ");
   EXPECT_EQ(ids(), "1 2 3 4 ");
+  table->getRow(2)->copyAssignElements(table->getRow(4));
+  EXPECT_EQ(names(), " n3 n4 n3 ");
+  EXPECT_EQ(ids(), "1 2 3 4 ");
   const Captured out;
   EXPECT_FALSE(table->deleteRow(0));
   EXPECT_FALSE(table->deleteRow(9));
@@ -118,6 +128,7 @@ TEST_F(TableTest, RowsComeMoveAndGo) {
   EXPECT_EQ(out.text(), "\n Unable to delete row\n Unable to delete row\n Unable to insert row");
   table->resetDefaults(0, 99);
   EXPECT_EQ(names(), "    ");
+  EXPECT_EQ(ids(), "1 2 3 4 ");
   checkInvariants();
 }
 
@@ -132,15 +143,27 @@ TEST_F(TableTest, LookupFindsByTextNumberAndPattern) {
   std::vector<KVXECell*> cells;
   EXPECT_TRUE(tab()->lookup<std::string>(&Table, "VCC.*", &Name, &A, cells, true));
   EXPECT_THAT(cells, ElementsAre(at(1, A), at(2, A), at(4, A)));
-  EXPECT_EQ(tab()->lookup<std::string>(&Table, "MXCVRA(1)", &Name, &A, true), nullptr) << "a group, not brackets";
+  EXPECT_EQ(tab()->lookup<std::string>(&Table, "MXCVRA(1)", &Name, &A, true), nullptr)
+      << "a group, not brackets";
   EXPECT_THROW(tab()->lookup<std::string>(&Table, "VCC(", &Name, &A, true), std::regex_error);
   EXPECT_EQ(book()->lookup<std::string>(TabType::DSP, &Table, "x", &Name, &A, false), nullptr);
   const Captured out;
   at(2, Name)->setValAndState(std::string(1000000, 'x'), CellState::DIRTY_DIRTY);
   EXPECT_EQ(tab()->lookup<std::string>(&Table, "x*", &Name, &A, true), nullptr);
   EXPECT_THAT(out.text(), HasSubstr("a text of 1000000 characters is too long"));
+  EXPECT_EQ(tab()->lookup<std::string>(&Table, std::string(100000, '('), &Name, &A, true), nullptr);
+  EXPECT_THAT(out.text(), EndsWith("a pattern of 100000 characters is too long and matches nothing.\n"));
   EXPECT_EQ(tab()->lookup<std::string>(&Table, "x", &Name, &Sum, false), nullptr);
   EXPECT_THAT(out.text(), HasSubstr("Error: lookup function could not find given headers."));
+}
+
+TEST_F(TableTest, LookupPassesOverRowsThatAreOlderThanTheColumn) {
+  static const KVXEColumn late[] = {{.title = &Sum, .type = CellType::INT, .number = 3}};
+  table->addColumns(late);
+  table->getOrCreateRow(5);
+  EXPECT_EQ(at(4, Sum), nullptr);
+  EXPECT_EQ(tab()->lookup<int>(&Table, 3, &Sum, &A, false), at(5, A));
+  EXPECT_EQ(tab()->lookup<int>(&Table, 1, &A, &Sum, false), at(5, Sum));
 }
 
 class TabTest : public TinyBook {};
@@ -185,8 +208,10 @@ TEST_F(TabTest, DuplicatesKeepTheFirst) {
 
 TEST_F(TabTest, PowerAndUtilizationTablesAddUp) {
   std::vector<KVXETab::PowerTableRow> rails = {
-      {"VCCINT", [](const KVXEUID& uid) { uid.getCell()->setValAndMarkEngineClean(1.5f); }, &KVXECell::NoFormula},
-      {"VCCAUX", &KVXECell::NoFormula, [](const KVXEUID& uid) { uid.getCell()->setValAndMarkEngineClean(0.25f); }}};
+      {"VCCINT", [](const KVXEUID& uid) { uid.getCell()->setValAndMarkEngineClean(1.5f); },
+       &KVXECell::NoFormula},
+      {"VCCAUX", &KVXECell::NoFormula,
+       [](const KVXEUID& uid) { uid.getCell()->setValAndMarkEngineClean(0.25f); }}};
   tab()->initPowerTableRows(rails);
   std::vector<KVXETab::UtilizationTableRow> rows = {{"FF", &KVXECell::NoFormula}};
   table = tab()->initUtilizationTableRows(rows);

@@ -27,7 +27,8 @@ void KVXECalculationMgr::flagCongestedNodes() {
   if (written.size() <= Limit) return;
   std::cout << std::string(100, '-') << '\n'
             << "Warning: Cells described below is linked with a formula that "
-            << "creates a congested node in calculationg DAG. " << "It tries to update values of " << written.size()
+            << "creates a congested node in calculationg DAG. "
+            << "It tries to update values of " << written.size()
             << " cells in single call. Please try to see if the formula "
             << "can be broken down into smaller logical formulas." << '\n';
   int number = 0;
@@ -59,8 +60,8 @@ void reportDifference(KVXECell* cell, const Shown& before, const Shown& after) {
   if (before.value != after.value)
     std::cout << head << "Incremental Output: " << before.value << "\nFull Output: " << after.value << '\n';
   if (before.list != after.list)
-    std::cout << head << "Incremental Output: " << compact(before.list) << " vs Full Output: " << compact(after.list)
-              << '\n';
+    std::cout << head << "Incremental Output: " << compact(before.list)
+              << " vs Full Output: " << compact(after.list) << '\n';
   std::cout << cell->describe(" -> ") << '\n';
 }
 
@@ -68,7 +69,8 @@ void reportDifference(KVXECell* cell, const Shown& before, const Shown& after) {
 
 bool KVXECalculationMgr::verifyIncrVsFull() {
   std::cout << "Running full calculation now to verify incremental calc. (@Line:" << __LINE__ << " - "
-            << "bool KVXECalculationMgr::verifyIncrVsFull()" << ")" << '\n';
+            << "bool KVXECalculationMgr::verifyIncrVsFull()"
+            << ")" << '\n';
   std::vector<KVXECell*> cells;
   KVXECellStateMgr::getGlobal().getAllCells(cells);
   std::vector<Shown> before(cells.begin(), cells.end());

@@ -24,7 +24,8 @@ struct OrderedCell {
     if (!row) return;
     place = std::uint64_t{row->getIndex()} << 32 | c->getColumnIndex();
     const KVXETable* table = row->getTable();
-    if (table && table->getTab()) sheet = std::uint64_t{table->getTab()->getIndex()} << 32 | table->getIndex();
+    if (table && table->getTab())
+      sheet = std::uint64_t{table->getTab()->getIndex()} << 32 | table->getIndex();
   }
 
   friend bool operator<(const OrderedCell& a, const OrderedCell& b) {
@@ -82,7 +83,7 @@ void KVXECalculationMgr::record(NodeAction action, KVXECell* cell) {
 }
 
 void KVXECalculationMgr::handleEndEval() {
-  if (m_depth == 0 || !m_graph) return;
+  if (m_depth == 0) return;
   const Frame& frame = m_callStack[m_depth - 1];
   if (frame.writes.empty()) return;
   std::function<void(Vertex, Vertex)> learned;
@@ -90,14 +91,13 @@ void KVXECalculationMgr::handleEndEval() {
     learned = [this](Vertex from, Vertex to) {
       m_observer->onEdgeLearned(m_graph->getCell(from), m_graph->getCell(to));
     };
-  m_graph->learn(frame.reads, frame.writes, learned);
+  if (m_graph) m_graph->learn(frame.reads, frame.writes, learned);
   --m_depth;
 }
 
 KVXECalculationMgr::Vertex KVXECalculationMgr::cellToVertex(KVXECell* cell) {
-  const bool isKnown = m_graph && (!cell || cell->m_graphGeneration == m_generation);
   const Vertex vertex = cell ? cell->m_vertex : 0;
-  if (!isKnown || vertex >= m_graph->size()) {
+  if (cell ? !hasVertex(cell) : !m_graph) {
     std::cout << "Error: No or incorrect vertex found for below cell in DAG.\n"
               << (cell ? cell->describe(" -> ") : std::string()) << '\n';
     return 0;
@@ -113,9 +113,8 @@ KVXECalculationMgr::Vertex KVXECalculationMgr::cellToVertex(KVXECell* cell) {
 // Calculation.
 
 bool KVXECalculationMgr::calculate() {
-  m_isCalculating = true;
+  const Recording on(true);
   evaluateRounds();
-  m_isCalculating = false;
   return true;
 }
 
@@ -124,16 +123,19 @@ void KVXECalculationMgr::evaluateRounds() {
   for (auto dirty = dirtyCellsInOrder(); !dirty.empty(); dirty = dirtyCellsInOrder()) {
     if (iterations == MaxIterations) break;
     ++iterations;
-    for (const OrderedCell& ordered : dirty) ordered.cell->evaluateFormula();
+    m_goneCells.clear();
+    for (const OrderedCell& ordered : dirty)
+      if (m_goneCells.empty() || !m_goneCells.contains(ordered.cell)) ordered.cell->evaluateFormula();
     if (m_nextIterationCells.empty()) continue;
     const KVXEUIDSet again = std::exchange(m_nextIterationCells, makeUIDSet());
     invalidateFOofCells(again);
   }
   if (iterations == MaxIterations)
-    std::cout << "Error: Incremental calculation exceeded calculation iteration count threshold. Please look at "
-                 "usage of markDirtyForNextCalculationIteration API in your code and make sure it is not being "
-                 "called again and agin in the logic."
-              << '\n';
+    std::cout
+        << "Error: Incremental calculation exceeded calculation iteration count threshold. Please look at "
+           "usage of markDirtyForNextCalculationIteration API in your code and make sure it is not being "
+           "called again and agin in the logic."
+        << '\n';
 }
 
 bool KVXECalculationMgr::incrCalculate() {
@@ -145,7 +147,7 @@ bool KVXECalculationMgr::incrCalculate() {
   m_isIncremental = true;
   std::vector<KVXECell*> seeds;
   KVXECellStateMgr::getGlobal().getCellsForRecalculate(seeds);
-  invalidateFOofCells(seeds);
+  if (!seeds.empty()) markFanOutDirty(seeds);
   const bool result = calculate();
   m_isIncremental = false;
   return result;
@@ -187,9 +189,7 @@ void KVXECalculationMgr::resetGraph() {
 }
 
 void KVXECalculationMgr::addVertex(KVXECell* cell) {
-  if (!cell) return;
-  if (!m_graph) initGraphVertices();
-  if (cell->m_graphGeneration == m_generation && cell->m_vertex < m_graph->size()) return;
+  if (!cell || !m_graph || hasVertex(cell)) return;
   cell->m_vertex = m_graph->addVertex(cell);
   cell->m_graphGeneration = m_generation;
 }
@@ -203,20 +203,27 @@ void KVXECalculationMgr::clearEdgesOfVertex(KVXECell* cell) {
   cell->m_graphGeneration = m_generation - 1;
 }
 
+bool KVXECalculationMgr::hasVertex(const KVXECell* cell) const {
+  return m_graph && cell->m_graphGeneration == m_generation && cell->m_vertex < m_graph->size();
+}
+
 void KVXECalculationMgr::forget(KVXECell* cell) {
   std::erase_if(m_nextIterationCells, [cell](const KVXEUID& uid) { return uid.getCell() == cell; });
-  if (m_graph && cell->m_graphGeneration == m_generation) clearEdgesOfVertex(cell);
+  if (m_isCalculating) m_goneCells.insert(cell);
+  // The edges stay: the graph is stale now, and cutting them one by one is dear when a whole book goes.
+  if (hasVertex(cell)) m_graph->setCell(cell->m_vertex, nullptr);
 }
 
 void KVXECalculationMgr::invalidateFOofCells(const KVXEUIDSet& seeds) {
+  if (seeds.empty()) return;
   std::vector<KVXECell*> cells;
   for (const KVXEUID& uid : seeds)
     if (uid.getCell()) cells.push_back(uid.getCell());
-  if (!seeds.empty()) invalidateFOofCells(cells);
+  markFanOutDirty(cells);
 }
 
-void KVXECalculationMgr::invalidateFOofCells(const std::vector<KVXECell*>& seeds) {
-  if (seeds.empty() || !m_graph) return;
+void KVXECalculationMgr::markFanOutDirty(const std::vector<KVXECell*>& seeds) {
+  if (!m_graph) return;
   m_graph->clearOutEdges(0);
   for (KVXECell* cell : seeds) m_graph->addEdge(0, cellToVertex(cell));
   m_graph->visitDepthFirst(0, [this](Vertex vertex, Vertex from) {

@@ -2,6 +2,8 @@
 
 #include <memory>
 #include <string>
+#include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "engine/base/calculation/KVXECalculationObserver.h"
@@ -49,6 +51,18 @@ class KVXECalculationMgr {
     END_EVAL,
   };
 
+  /// Switches the recording of what cells report on or off while it lives.
+  class Recording {
+   public:
+    explicit Recording(bool isOn) : m_before(std::exchange(getGlobal().m_isCalculating, isOn)) {}
+    ~Recording() { getGlobal().m_isCalculating = m_before; }
+    Recording(const Recording&) = delete;
+    Recording& operator=(const Recording&) = delete;
+
+   private:
+    bool m_before;
+  };
+
   static KVXECalculationMgr& getGlobal();
   ~KVXECalculationMgr();
 
@@ -70,11 +84,14 @@ class KVXECalculationMgr {
   void initGraphVertices();
   /// Drops the graph, the cells' vertices and the call stack.
   void resetGraph();
-  /// Gives a new cell a vertex at the end, unless it has one.
+  /// Gives a new cell a vertex at the end, unless it has one. Without a graph the next calculation is a full
+  /// one.
   void addVertex(KVXECell* cell);
   /// Detaches a cell that goes away. In-edges stay and lead to a vertex without a cell.
   void clearEdgesOfVertex(KVXECell* cell);
-  /// As above for a cell that is about to be destroyed: it is not put forward for the next round either.
+  /// Whether the graph knows the cell.
+  bool hasVertex(const KVXECell* cell) const;
+  /// Told by every cell that is being destroyed: from here on nothing leads to it.
   void forget(KVXECell* cell);
   /// The cell's vertex; an unknown cell is reported and gives 0.
   KVXEDependencyGraph::Vertex cellToVertex(KVXECell* cell);
@@ -120,12 +137,13 @@ class KVXECalculationMgr {
   KVXECalculationMgr();
   void record(NodeAction action, KVXECell* cell);
   void evaluateRounds();
-  void invalidateFOofCells(const std::vector<KVXECell*>& seeds);
+  void markFanOutDirty(const std::vector<KVXECell*>& seeds);
 
   std::unique_ptr<KVXEDependencyGraph> m_graph;
   std::vector<Frame> m_callStack;  // the first m_depth are in use; the rest keep their capacity
   size_t m_depth = 0;
   KVXEUIDSet m_nextIterationCells = makeUIDSet();
+  std::unordered_set<const KVXECell*> m_goneCells;  // destroyed by formulas of the present round
   KVXECalculationObserver* m_observer = nullptr;
   std::uint32_t m_generation = 0;  // of the graph; a cell's vertex holds for one generation
   bool m_isGraphStale = true;

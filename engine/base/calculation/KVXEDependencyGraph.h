@@ -41,7 +41,9 @@ class KVXEDependencyGraph {
   void learn(const std::vector<Vertex>& reads, const std::vector<Vertex>& writes,
              const std::function<void(Vertex from, Vertex to)>& learned);
   void clearOutEdges(Vertex v);
-  std::span<const Vertex> getOutEdges(Vertex v) const { return {m_nodes[v].out.data(), m_nodes[v].out.size()}; }
+  std::span<const Vertex> getOutEdges(Vertex v) const {
+    return {m_nodes[v].out.data(), m_nodes[v].out.size()};
+  }
   std::span<const Vertex> getInEdges(Vertex v) const { return {m_nodes[v].in.data(), m_nodes[v].in.size()}; }
   size_t getEdgeCount() const { return m_edgeCount; }
   size_t getBytes() const;
@@ -72,8 +74,8 @@ class KVXEDependencyGraph {
   std::vector<Node> m_nodes;
   std::uint32_t m_stamp = 0;
   size_t m_edgeCount = 0;
-  std::vector<Vertex> m_reads, m_writes;                     // scratch of learn
-  std::vector<std::pair<Vertex, std::uint32_t>> m_pending;   // scratch of the walk
+  std::vector<Vertex> m_reads, m_writes;                    // scratch of learn
+  std::vector<std::pair<Vertex, std::uint32_t>> m_pending;  // scratch of the walk
 };
 
 template <class Visitor>

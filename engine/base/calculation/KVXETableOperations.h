@@ -1,7 +1,7 @@
 #pragma once
 
-/// Tells the calculation that a table operation is at work: rows that it inserts and deletes keep the graph in
-/// step by themselves, so the next incremental calculation need not learn the graph anew.
+/// Tells the calculation that a table operation is at work: rows that it inserts and deletes keep the graph
+/// in step by themselves, so the next incremental calculation need not learn the graph anew.
 class KVXETableOperations {
  public:
   static KVXETableOperations& getGlobal();

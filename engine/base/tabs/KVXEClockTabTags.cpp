@@ -48,13 +48,15 @@ void forEachClockColumn(KVXEBook* book, Visit visit) {
   }
 }
 
-/// Puts a text into a cell as if its owner had chosen it: the source of the value stays, and what depends on
-/// the cell is evaluated once more.
+/// Puts a text into a cell as if its owner had chosen it: the source of the value stays, and what depends on the cell
+/// follows. A cell that is still dirty comes up later in this round, and so does all that reads it.
 void carryInto(KVXECell* cell, const std::string& text) {
   const KVXEEnums::ValueSource source = cell->getValueSource();
+  const bool isYetToCome = !cell->isEngineClean();
   cell->setValAndState(text, cell->getState());
-  cell->markBothDirty();
   cell->setValueSource(source);
+  if (isYetToCome) return;
+  cell->markBothDirty();
   cell->markDirtyForNextCalculationIteration();
 }
 

@@ -93,5 +93,6 @@ class CppStateManager {
   Bundles& findOrCreate(State state);
   void reportIfMistagged(const Bundle& bundle, State state) const;
 
-  std::array<StateList, static_cast<size_t>(State::NumItems)> m_states;
+  // NumItems has its list too: it is the state of a node that was taken out, and may be handed back in.
+  std::array<StateList, static_cast<size_t>(State::NumItems) + 1> m_states;
 };

@@ -49,6 +49,7 @@ bool CppStateManager<Node, State>::setState(Node* node, State state) {
 template <class Node, class State>
 void CppStateManager<Node, State>::clearState(Node* node) {
   Bundle* bundle = node->mp_state;
+  if (!bundle) return;
   if (bundle->holds(node)) {
     bundle->remove(node);
   } else {

@@ -39,11 +39,20 @@ KVXECalculationMgr& calculation() {
 KVXECell* KVXECell::CreateCell(CellType type, KVXERow* row, unsigned int columnIndex) {
   KVXECell* cell = nullptr;
   switch (type) {
-    case CellType::INT: cell = new KVXEIntCell; break;
-    case CellType::FLOAT: cell = new KVXEFloatCell; break;
-    case CellType::STRING: cell = new KVXEStringCell; break;
-    case CellType::HEADER: cell = new KVXEHeaderCell; break;
-    default: return nullptr;
+    case CellType::INT:
+      cell = new KVXEIntCell;
+      break;
+    case CellType::FLOAT:
+      cell = new KVXEFloatCell;
+      break;
+    case CellType::STRING:
+      cell = new KVXEStringCell;
+      break;
+    case CellType::HEADER:
+      cell = new KVXEHeaderCell;
+      break;
+    default:
+      return nullptr;
   }
   cell->m_row = row;
   cell->m_columnIndex = columnIndex;
@@ -56,7 +65,8 @@ KVXECell::KVXECell() : m_unitSuffix(&NoSuffix) {
 }
 
 KVXECell::~KVXECell() {
-  clearState();
+  calculation().forget(this);  // without a report, which could ask the dying cell to describe itself
+  if (mp_state) states().clearState(this);
   calculation().setIsGraphStale();
 }
 
@@ -78,17 +88,23 @@ bool KVXECell::isEquivalentElements(KVXECell* other) {
 
 void KVXECell::setBlankAndState(CellState state) {
   switch (getCellType()) {
-    case CellType::INT: return setValAndState(kvxeBlank<int>, state);
-    case CellType::FLOAT: return setValAndState(kvxeBlank<float>, state);
-    default: return setValAndState(kvxeBlank<std::string>, state);
+    case CellType::INT:
+      return setValAndState(kvxeBlank<int>, state);
+    case CellType::FLOAT:
+      return setValAndState(kvxeBlank<float>, state);
+    default:
+      return setValAndState(kvxeBlank<std::string>, state);
   }
 }
 
 void KVXECell::setBlankAndMarkEngineClean() {
   switch (getCellType()) {
-    case CellType::INT: return setValAndMarkEngineClean(kvxeBlank<int>);
-    case CellType::FLOAT: return setValAndMarkEngineClean(kvxeBlank<float>);
-    default: return setValAndMarkEngineClean(kvxeBlank<std::string>);
+    case CellType::INT:
+      return setValAndMarkEngineClean(kvxeBlank<int>);
+    case CellType::FLOAT:
+      return setValAndMarkEngineClean(kvxeBlank<float>);
+    default:
+      return setValAndMarkEngineClean(kvxeBlank<std::string>);
   }
 }
 
@@ -162,15 +178,19 @@ void KVXECell::setIsEditable(bool isEditable) {
 
 KVXECell::Colors KVXECell::getColor() const {
   switch (getSeverity()) {
-    case KvxSeverity::ERROR: return {Black, 0xFFD9D9};
-    case KvxSeverity::WARNING: return {Black, 0xFFF2CC};
-    default: return m_color;
+    case KvxSeverity::ERROR:
+      return {Black, 0xFFD9D9};
+    case KvxSeverity::WARNING:
+      return {Black, 0xFFF2CC};
+    default:
+      return m_color;
   }
 }
 
 // Formula.
 
 void KVXECell::assignFormula(KVXEFormula formula) {
+  if (!formula) formula = &KVXECell::NoFormula;
   if (formula == m_formula) return;
   calculation().setIsGraphStale();
   m_formula = formula;
@@ -181,11 +201,12 @@ void KVXECell::NoFormula(const KVXEUID& uid) {
 }
 
 void KVXECell::reportCycle(const KVXEUID& uid) {
-  std::cout << "Error: Cell described below has a formula associated with it that creates a cyclic dependancy "
-               "with the cell it-self. The cell's value will not be calculated properly.\n"
-            << "\tuid.describe() = " << uid.describe(" -> ") << " , getState() = " << getState() << '\n'
-            << "Resolution: If you are trying to get previous value of the cell from cell's formula function "
-               "it-self, for getting previous value pass argument evaluateIfDirty=false to getVal.\n";
+  std::cout
+      << "Error: Cell described below has a formula associated with it that creates a cyclic dependancy "
+         "with the cell it-self. The cell's value will not be calculated properly.\n"
+      << "\tuid.describe() = " << uid.describe(" -> ") << " , getState() = " << getState() << '\n'
+      << "Resolution: If you are trying to get previous value of the cell from cell's formula function "
+         "it-self, for getting previous value pass argument evaluateIfDirty=false to getVal.\n";
   calculation().dumpCallStack();
 }
 
@@ -208,9 +229,10 @@ void KVXECell::evaluateFormula() {
   m_formula(uid);
   calculation().registerAction(KVXECalculationMgr::END_EVAL, this);
   if (!isEngineClean()) {
-    std::cout << "Error: Cell described below has a formula associated with it that does not mark engine value "
-                 "clean for the cell.\n"
-              << "\tuid.describe() = " << uid.describe(" -> ") << " , getState() = " << getState() << '\n';
+    std::cout
+        << "Error: Cell described below has a formula associated with it that does not mark engine value "
+           "clean for the cell.\n"
+        << "\tuid.describe() = " << uid.describe(" -> ") << " , getState() = " << getState() << '\n';
     markEngineClean();
   }
   m_isEvaluating = false;
@@ -243,7 +265,8 @@ void KVXECell::setMsg(const KvxSeverity& severity, const std::string& text) {
 void KVXECell::clearMsg() {
   calculation().registerAction(KVXECalculationMgr::WRITE_MSG, this);
   if (!m_msg) return;
-  if (KVXETable* table = getTable(); table && raisesSeverity(m_msg->getSeverity())) table->unregisterMsgCell(this);
+  if (KVXETable* table = getTable(); table && raisesSeverity(m_msg->getSeverity()))
+    table->unregisterMsgCell(this);
   m_msg.reset();
 }
 
@@ -252,15 +275,17 @@ void KVXECell::clearMsg() {
 void KVXECell::setUnit(Unit unit) {
   calculation().registerAction(KVXECalculationMgr::WRITE_UNIT, this);
   m_unit = unit;
+  if (unit == Unit::NO_UNIT) resetUnitInfo();
+}
+
+void KVXECell::resetUnitInfo() {
+  m_unitMultiplier = 1.0f;
+  m_unitOffset = 0.0f;
+  m_unitSuffix = &NoSuffix;
 }
 
 void KVXECell::updateUnitInfo(const KVXEUID& uid) {
-  if (m_unit == Unit::NO_UNIT) {
-    m_unitMultiplier = 1.0f;
-    m_unitOffset = 0.0f;
-    m_unitSuffix = &NoSuffix;
-    return;
-  }
+  if (m_unit == Unit::NO_UNIT) return resetUnitInfo();
   calculation().registerAction(KVXECalculationMgr::WRITE_UNIT_INFO, this);
   KVXEBook* book = uid.getBook();
   KVXETable* units = book ? book->getTable(KVXEEnums::TabType::SUMMARY, &KVXETab::m_UnitsTable) : nullptr;
@@ -292,7 +317,8 @@ KVXECell* KVXECell::getHeaderDefaultCell() {
 KVXEHeaderCell* KVXECell::getHeaderDisplayCell() {
   KVXEHeaderRow* header = getHeaderRow();
   if (!header) return nullptr;
-  KVXECell* cell = m_row == header ? header->getChild(m_columnIndex | 1u) : header->getDisplayCell(m_columnIndex);
+  KVXECell* cell =
+      m_row == header ? header->getChild(m_columnIndex | 1u) : header->getDisplayCell(m_columnIndex);
   return static_cast<KVXEHeaderCell*>(cell);
 }
 

@@ -105,6 +105,8 @@ class KVXECell {
   static void NoFormula(const KVXEUID& uid);
   /// Runs the formula if the cell is engine dirty. Cycles are reported and left.
   void evaluateFormula();
+  /// The formula is running.
+  bool getIsEvaluating() const { return m_isEvaluating; }
   /// Asks for one more evaluation of this cell and all that depends on it, in the next round.
   void markDirtyForNextCalculationIteration();
 
@@ -151,6 +153,7 @@ class KVXECell {
 
  private:
   void reportCycle(const KVXEUID& uid);
+  void resetUnitInfo();
   KVXETable* getTable() const;
 
   std::unique_ptr<KVXEMsg> m_msg;

@@ -13,7 +13,7 @@ namespace {
 
 using enum KVXEEnums::CellState;
 using State = KVXEEnums::CellState;
-constexpr size_t StateCount = static_cast<size_t>(NumItems);
+constexpr size_t StateCount = static_cast<size_t>(NumItems) + 1;  // a cell without a state has NumItems
 
 /// What one operation does to a cell, by its present state; a state that is not listed stays.
 class Transitions {
@@ -30,16 +30,18 @@ class Transitions {
 
 constexpr Transitions EngineClean{
     {DIRTY_DISABLED, CLEAN_DISABLED}, {DIRTY_DIRTY, CLEAN_DIRTY}, {DIRTY_CLEAN, CLEAN_CLEAN}};
-constexpr Transitions GuiClean{{HEADER_DISABLED, HEADER_CLEAN}, {HEADER_DIRTY, HEADER_CLEAN},
-                               {CLEAN_DISABLED, CLEAN_CLEAN},   {CLEAN_DIRTY, CLEAN_CLEAN},
+constexpr Transitions GuiClean{{HEADER_DISABLED, HEADER_CLEAN},
+                               {HEADER_DIRTY, HEADER_CLEAN},
+                               {CLEAN_DISABLED, CLEAN_CLEAN},
+                               {CLEAN_DIRTY, CLEAN_CLEAN},
                                {DISABLED_DIRTY, DISABLED_DISABLED}};
 constexpr Transitions BothDirty{{CLEAN_DISABLED, DIRTY_DISABLED},
                                 {CLEAN_DIRTY, DIRTY_DIRTY},
                                 {DIRTY_CLEAN, DIRTY_DIRTY},
                                 {CLEAN_CLEAN, DIRTY_DIRTY}};
-constexpr Transitions Disable{{HEADER_DIRTY, DISABLED_DIRTY},      {HEADER_CLEAN, DISABLED_DIRTY},
-                              {DIRTY_DIRTY, DISABLED_DIRTY},       {CLEAN_DIRTY, DISABLED_DIRTY},
-                              {DIRTY_CLEAN, DISABLED_DIRTY},       {CLEAN_CLEAN, DISABLED_DIRTY},
+constexpr Transitions Disable{{HEADER_DIRTY, DISABLED_DIRTY},       {HEADER_CLEAN, DISABLED_DIRTY},
+                              {DIRTY_DIRTY, DISABLED_DIRTY},        {CLEAN_DIRTY, DISABLED_DIRTY},
+                              {DIRTY_CLEAN, DISABLED_DIRTY},        {CLEAN_CLEAN, DISABLED_DIRTY},
                               {HEADER_DISABLED, DISABLED_DISABLED}, {DIRTY_DISABLED, DISABLED_DISABLED},
                               {CLEAN_DISABLED, DISABLED_DISABLED}};
 constexpr Transitions EnableData{{DISABLED_DIRTY, DIRTY_DIRTY}, {DISABLED_DISABLED, DIRTY_DISABLED}};
@@ -50,6 +52,11 @@ constexpr std::array EngineDirtyStates{DIRTY_DISABLED, DIRTY_DIRTY, DIRTY_CLEAN}
 constexpr std::array GuiDirtyStates{HEADER_DISABLED, HEADER_DIRTY, DIRTY_DISABLED, CLEAN_DISABLED,
                                     DISABLED_DIRTY,  DIRTY_DIRTY,  DISABLED_DIRTY};
 constexpr std::array NeverSentStates{HEADER_DISABLED, DIRTY_DISABLED, CLEAN_DISABLED, DISABLED_DIRTY};
+
+/// A cell without a state, whose first enumerator means nothing, gets none.
+void move(KVXECellStateMgr& states, KVXECell* cell, State from, const Transitions& moves) {
+  if (moves[from] != from) states.setState(cell, moves[from]);
+}
 
 template <class States>
 unsigned int usageOf(const KVXECellStateMgr& states, const States& counted) {
@@ -66,24 +73,23 @@ KVXECellStateMgr& KVXECellStateMgr::getGlobal() {
 }
 
 void KVXECellStateMgr::markEngineClean(KVXECell* cell) {
-  setState(cell, EngineClean[getState(cell)]);
+  move(*this, cell, getState(cell), EngineClean);
 }
 
 void KVXECellStateMgr::markGuiClean(KVXECell* cell) {
   const State state = getState(cell);
   if (state == DIRTY_DISABLED || state == DIRTY_DIRTY)
     std::cout << "Warning: markGuiClean called for a cell where engine is dirty!" << '\n';
-  setState(cell, GuiClean[state]);
+  move(*this, cell, state, GuiClean);
 }
 
 void KVXECellStateMgr::markBothDirty(KVXECell* cell) {
-  setState(cell, BothDirty[getState(cell)]);
+  move(*this, cell, getState(cell), BothDirty);
 }
 
 void KVXECellStateMgr::setIsEnabled(KVXECell* cell, bool isEnabled) {
   const bool isInHeader = cell->getRow() && cell->getRow()->getIndex() == 0;
-  const Transitions& moves = !isEnabled ? Disable : isInHeader ? EnableHeader : EnableData;
-  setState(cell, moves[getState(cell)]);
+  move(*this, cell, getState(cell), !isEnabled ? Disable : isInHeader ? EnableHeader : EnableData);
 }
 
 bool KVXECellStateMgr::isEngineClean(const KVXECell* cell) const {
@@ -150,6 +156,6 @@ void KVXECellStateMgr::getCellsForRecalculate(std::vector<KVXECell*>& cells) con
 }
 
 size_t KVXECellStateMgr::getAllCells(std::vector<KVXECell*>& cells) const {
-  for (size_t i = 0; i < StateCount; ++i) getStateNodes(static_cast<State>(i), cells);
+  for (size_t i = 0; i < static_cast<size_t>(NumItems); ++i) getStateNodes(static_cast<State>(i), cells);
   return cells.size();
 }

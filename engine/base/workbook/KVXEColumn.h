@@ -17,11 +17,11 @@ struct KVXEColumn {
   bool isEditable = false;
   KVXEFormula formula = &KVXECell::NoFormula;
   KVXEEnums::Unit unit = KVXEEnums::Unit::NO_UNIT;
-  double number = None;                     ///< default of an INT or FLOAT column; None is blank
-  const char* text = "";                    ///< default of a STRING column
-  double minimum = None, maximum = None;    ///< range of an INT or FLOAT column; None is none
-  bool isDropdown = false;                  ///< entries in `entries`, or set later by a formula
+  double number = None;                   ///< default of an INT or FLOAT column; None is blank
+  const char* text = "";                  ///< default of a STRING column
+  double minimum = None, maximum = None;  ///< range of an INT or FLOAT column; None is none
+  bool isDropdown = false;                ///< entries in `entries`, or set later by a formula
   std::span<const char* const> entries = {};
-  const char* toolTip = "";                 ///< plain text or `<html>`; empty for none
+  const char* toolTip = "";  ///< plain text or `<html>`; empty for none
   KVXEEnums::Visibility visibility = KVXEEnums::Visibility::EXTERNAL;
 };

@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "engine/base/workbook/KVXERow.h"
+#include "models/common/KVXMHelperUtils.h"
 
 using enum KVXEEnums::CellType;
 
@@ -30,7 +31,10 @@ void KVXEDebugTab::init() {
        .minimum = 0,
        .maximum = 100000,
        .toolTip = "A number. It decides the severity of this tab."},
-      {.title = &m_DemoResult, .type = INT, .formula = &updateDemoResult, .toolTip = "The input, once or twice."},
+      {.title = &m_DemoResult,
+       .type = INT,
+       .formula = &updateDemoResult,
+       .toolTip = "The input, once or twice."},
   };
   KVXETable* table = createTable(&m_APIDemoTable, true, false, true, KVXEEnums::GridComponentType::TABLE);
   table->addColumns(columns);
@@ -55,6 +59,8 @@ void KVXEDebugTab::updateDemoResult(const KVXEUID& uid) {
   int input = 0;
   std::string choice;
   uid.getRow()->getCell(&m_DemoChoice)->getVal(choice, true);
-  if (!uid.getRow()->getCell(&m_DemoInput)->getVal(input, true)) return uid.getCell()->setBlankAndMarkEngineClean();
-  uid.getCell()->setValAndMarkEngineClean(choice == "double" ? 2 * input : input);
+  if (!uid.getRow()->getCell(&m_DemoInput)->getVal(input, true))
+    return uid.getCell()->setBlankAndMarkEngineClean();
+  const int again = choice == "double" ? input : 0;
+  uid.getCell()->setValAndMarkEngineClean(KVXMHelperUtils::SUM(std::vector<int>{input, again}));
 }

@@ -93,11 +93,11 @@ E& operator--(E& value) {
   return value = static_cast<E>(static_cast<unsigned short>(value) - 1);
 }
 
-#define KVXE_INSTANTIATE(E)                                  \
-  template void ushort_to_enum<E>(unsigned short, E&);       \
-  template void enum_to_string<E>(E, std::string&);          \
-  template void string_to_enum<E>(const std::string&, E&);   \
-  template E& operator++<E>(E&);                             \
+#define KVXE_INSTANTIATE(E)                                \
+  template void ushort_to_enum<E>(unsigned short, E&);     \
+  template void enum_to_string<E>(E, std::string&);        \
+  template void string_to_enum<E>(const std::string&, E&); \
+  template E& operator++<E>(E&);                           \
   template E& operator--<E>(E&);
 
 KVXE_INSTANTIATE(CellType)

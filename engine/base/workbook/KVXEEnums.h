@@ -13,7 +13,9 @@ struct EnumList;
 
 /// An enumeration of the scheme.
 template <class E>
-concept TextEnum = requires { EnumList<E>::members; };
+concept TextEnum = requires {
+  EnumList<E>::members;
+};
 
 // One list gives the members, their names and their count.
 #define KVXE_TEXT_ENUM(E, ...)                           \

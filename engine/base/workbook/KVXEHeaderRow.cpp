@@ -53,7 +53,8 @@ void KVXEHeaderRow::assignHeaderToIndex(const KVXETitle* title, unsigned int ind
   if (!title) return;
   const auto [found, isNew] = m_titleToIndex.emplace(title, index);
   if (isNew) return;
-  std::cout << "Error: A column name must be unique for a table." << "Column " << found->second << " and " << index
+  std::cout << "Error: A column name must be unique for a table."
+            << "Column " << found->second << " and " << index
             << " have same header: " << title->getDisplayTag(false) << '\n';
 }
 

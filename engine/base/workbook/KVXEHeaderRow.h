@@ -22,9 +22,9 @@ class KVXEHeaderRow : public KVXERow {
   unsigned int addCell(const KVXECell* source) override;
   void setIndex(unsigned int index) override;
 
-  virtual KVXECell* getDefaultCell(unsigned int column) { return getChild(2 * column); }
+  virtual KVXECell* getDefaultCell(unsigned int column) { return getPairCell(column, 0); }
   virtual KVXECell* getDefaultCell(const KVXETitle* title);
-  virtual KVXECell* getDisplayCell(unsigned int column) { return getChild(2 * column + 1); }
+  virtual KVXECell* getDisplayCell(unsigned int column) { return getPairCell(column, 1); }
 
   /// Names a column. A title that the table has already keeps its first column, and is reported.
   void assignHeaderToIndex(const KVXETitle* title, unsigned int index);
@@ -35,12 +35,18 @@ class KVXEHeaderRow : public KVXERow {
   /// The title of a column, or null.
   const KVXETitle* getIndexToTitle(unsigned int index) const;
   /// Fills a map from the given spelling to the column, and the reverse.
-  void populateTagToIndex(KVXEEnums::TitleType type, std::unordered_map<std::string, unsigned int>& map) const;
-  void populateIndexToTag(KVXEEnums::TitleType type, std::unordered_map<unsigned int, std::string>& map) const;
+  void populateTagToIndex(KVXEEnums::TitleType type,
+                          std::unordered_map<std::string, unsigned int>& map) const;
+  void populateIndexToTag(KVXEEnums::TitleType type,
+                          std::unordered_map<unsigned int, std::string>& map) const;
 
  protected:
   KVXECell* getContentCell(unsigned int column) override { return getDefaultCell(column); }
 
  private:
+  KVXECell* getPairCell(unsigned int column, unsigned int place) const {
+    return column < getChildCount() ? getChild(2 * column + place) : nullptr;
+  }
+
   boost::unordered_flat_map<const KVXETitle*, unsigned int> m_titleToIndex;
 };

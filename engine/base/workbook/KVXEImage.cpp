@@ -5,8 +5,8 @@
 KVXEImage::KVXEImage(KVXETab* tab, unsigned int index, const KVXETitle* title, const std::string& file,
                      KVXEFormula formula, bool gridOptionA)
     : KVXETable(tab, index, title, false, gridOptionA, true) {
-  addColumn<std::string>(*title, false, KVXEEnums::CellType::STRING, formula, KVXEEnums::Unit::NO_UNIT, false, file,
-                         {});
+  addColumn<std::string>(*title, false, KVXEEnums::CellType::STRING, formula, KVXEEnums::Unit::NO_UNIT, false,
+                         file, {});
   getOrCreateRow(1);
 }
 

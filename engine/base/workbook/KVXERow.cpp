@@ -37,7 +37,8 @@ unsigned int KVXERow::addCell(CellType type) {
 }
 
 unsigned int KVXERow::addCell(const KVXECell* source) {
-  KVXECell* cell = KVXECell::CreateCell(source->getCellType(), this, static_cast<unsigned int>(m_cells.size()));
+  KVXECell* cell =
+      KVXECell::CreateCell(source->getCellType(), this, static_cast<unsigned int>(m_cells.size()));
   source->copyAssignElements(cell);
   return append(cell);
 }
@@ -47,10 +48,18 @@ void KVXERow::setIndex(unsigned int index) {
   m_index = index;
 }
 
+namespace {
+
+unsigned int firstContentColumn(const KVXETable* table) {
+  return table ? table->getFirstContentColumn() : 0;
+}
+
+}  // namespace
+
 void KVXERow::resetDefaults() {
   KVXEHeaderRow* header = m_table ? m_table->getHeaderRow() : nullptr;
   if (!header || header == this) return;
-  for (unsigned int column = 0; column < getColumnCount(); ++column)
+  for (unsigned int column = firstContentColumn(m_table); column < getColumnCount(); ++column)
     if (KVXECell* source = header->getDefaultCell(column)) source->copyAssignElements(getChild(column));
 }
 
@@ -77,7 +86,7 @@ bool KVXERow::hasPlaceOnScreen() const {
 
 void KVXERow::copyAssignElements(KVXERow* target) {
   if (!target || target->getColumnCount() != getColumnCount()) return;
-  for (unsigned int column = 0; column < getColumnCount(); ++column) {
+  for (unsigned int column = firstContentColumn(target->m_table); column < getColumnCount(); ++column) {
     const KVXECell* source = getContentCell(column);
     if (source) source->copyAssignElements(target->getContentCell(column));
   }
@@ -97,7 +106,7 @@ std::string comparableText(KVXECell* cell) {
 
 bool KVXERow::isEquivalentElements(KVXERow* other, bool externalOnly) {
   if (!other || other->getColumnCount() != getColumnCount()) return false;
-  for (unsigned int column = 0; column < getColumnCount(); ++column) {
+  for (unsigned int column = firstContentColumn(m_table); column < getColumnCount(); ++column) {
     KVXECell* mine = getContentCell(column);
     KVXECell* theirs = other->getContentCell(column);
     if (!mine || !theirs) return false;

@@ -40,7 +40,7 @@ class KVXERow {
   /// The row's cell under that column, for formulas.
   KVXECell* getHeaderToCell(const KVXETitle* title) { return getCell(title); }
 
-  /// Clears the row to what a new row would hold.
+  /// Clears the row to what a new row would hold. Here and below its number is no part of what it holds.
   void resetDefaults();
   void setIsEditable(bool isEditable);
   bool getIsEnabled() const { return m_isEnabled; }

@@ -33,7 +33,8 @@ std::string KVXETab::getPBTitle() const {
 }
 
 std::string KVXETab::getPlaceholderText() const {
-  return className() == "KVXETab" ? getPBTitle() + " tab is yet to be implemented. Stay tuned!" : std::string();
+  return className() == "KVXETab" ? getPBTitle() + " tab is yet to be implemented. Stay tuned!"
+                                  : std::string();
 }
 
 std::string KVXETab::getPBSuffix() {
@@ -117,7 +118,9 @@ KVXETable* KVXETab::createTable(const KVXETitle* title, bool showRowIds, bool gr
     case GridComponentType::DEVICE_SELECTION:
       table = std::make_unique<KVXEDeviceSelectionTable>(this, index, title);
       break;
-    case GridComponentType::SPACER: table = std::make_unique<KVXESpacerTable>(this, index, title); break;
+    case GridComponentType::SPACER:
+      table = std::make_unique<KVXESpacerTable>(this, index, title);
+      break;
     default:
       table = std::make_unique<KVXETable>(this, index, title, showRowIds, gridOptionA, gridOptionB);
       break;
@@ -126,7 +129,8 @@ KVXETable* KVXETab::createTable(const KVXETitle* title, bool showRowIds, bool gr
   return table.release();
 }
 
-KVXEImage* KVXETab::createImage(const KVXETitle* title, std::string& file, KVXEFormula formula, bool gridOptionA) {
+KVXEImage* KVXETab::createImage(const KVXETitle* title, std::string& file, KVXEFormula formula,
+                                bool gridOptionA) {
   if (!title) return nullptr;
   if (KVXEImage* present = getImage(title)) {
     std::cout << "Warning: Trying to create image " << title->getDisplayTag(false)

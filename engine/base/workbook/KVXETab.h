@@ -93,8 +93,9 @@ class KVXETab {
   // Buttons.
   KVXETabButton& addButton(const std::string& id, const std::string& text, const std::string& toolTip,
                            std::optional<unsigned int> operation);
-  KVXETabButton& addFileChooserButton(const std::string& id, const std::string& text, const std::string& toolTip,
-                                      const std::string& fileFilter, unsigned int dialogWidth);
+  KVXETabButton& addFileChooserButton(const std::string& id, const std::string& text,
+                                      const std::string& toolTip, const std::string& fileFilter,
+                                      unsigned int dialogWidth);
   void enableButton(const std::string& id, const std::string& toolTip);
   void enableButton(const std::string& id, const std::string& toolTip, const std::string& text);
   void disableButton(const std::string& id, const std::string& toolTip);

@@ -36,15 +36,16 @@ bool KVXETab::lookup(const KVXETitle* table, T key, const KVXETitle* from, const
 }
 
 template <class T>
-KVXECell* KVXETab::lookup(const KVXETitle* table, T key, const KVXETitle* from, const KVXETitle* to, bool useRegex) {
+KVXECell* KVXETab::lookup(const KVXETitle* table, T key, const KVXETitle* from, const KVXETitle* to,
+                          bool useRegex) {
   KVXETable* found = getTable(table);
   std::vector<KVXECell*> cells;
   return found && found->lookup(keyText(key), from, to, cells, useRegex, true) ? cells.front() : nullptr;
 }
 
 template <class T>
-KVXECell* KVXEBook::lookup(TabType type, const KVXETitle* table, T key, const KVXETitle* from, const KVXETitle* to,
-                           bool useRegex) {
+KVXECell* KVXEBook::lookup(TabType type, const KVXETitle* table, T key, const KVXETitle* from,
+                           const KVXETitle* to, bool useRegex) {
   KVXETab* tab = getTab(type);
   return tab ? tab->lookup<T>(table, std::move(key), from, to, useRegex) : nullptr;
 }
@@ -60,12 +61,13 @@ void KVXETab::readColumn(const KVXETitle* table, const KVXETitle* column, std::v
     if (KVXECell* cell = found->getCellAt(i, index)) cell->getVal(values.emplace_back(), true);
 }
 
-#define KVXE_INSTANTIATE(T)                                                                                          \
-  template KVXECell* KVXETab::lookup<T>(const KVXETitle*, T, const KVXETitle*, const KVXETitle*, bool);              \
-  template bool KVXETab::lookup<T>(const KVXETitle*, T, const KVXETitle*, const KVXETitle*, std::vector<KVXECell*>&, \
-                                   bool);                                                                            \
-  template void KVXETab::readColumn<T>(const KVXETitle*, const KVXETitle*, std::vector<T>&);                         \
-  template KVXECell* KVXEBook::lookup<T>(TabType, const KVXETitle*, T, const KVXETitle*, const KVXETitle*, bool);
+#define KVXE_INSTANTIATE(T)                                                                                \
+  template KVXECell* KVXETab::lookup<T>(const KVXETitle*, T, const KVXETitle*, const KVXETitle*, bool);    \
+  template bool KVXETab::lookup<T>(const KVXETitle*, T, const KVXETitle*, const KVXETitle*,                \
+                                   std::vector<KVXECell*>&, bool);                                         \
+  template void KVXETab::readColumn<T>(const KVXETitle*, const KVXETitle*, std::vector<T>&);               \
+  template KVXECell* KVXEBook::lookup<T>(TabType, const KVXETitle*, T, const KVXETitle*, const KVXETitle*, \
+                                         bool);
 KVXE_INSTANTIATE(int)
 KVXE_INSTANTIATE(float)
 KVXE_INSTANTIATE(std::string)
@@ -102,9 +104,9 @@ bool KVXETab::getTabStaticPower(float& watts) {
 }
 
 std::string KVXETab::getPercentOfTotalChipPowerStr(float watts) {
-  KVXECell* cell =
-      m_book ? m_book->lookup<std::string>(TabType::SUMMARY, &m_StoreInfoTable, TotalRow, &m_KeyCol, &m_ValueCol, false)
-             : nullptr;
+  KVXECell* cell = m_book ? m_book->lookup<std::string>(TabType::SUMMARY, &m_StoreInfoTable, TotalRow,
+                                                        &m_KeyCol, &m_ValueCol, false)
+                          : nullptr;
   float total = 0.0f;
   const bool isKnown = cell && cell->getVal(total, true) && total > 0.0f;
   const float percent = isKnown ? watts / total * 100.0f : 0.0f;
@@ -126,8 +128,8 @@ bool KVXETab::isResourceAvailable(TabType type, std::string name) {
 
 std::string KVXETab::getDeviceName(const KVXEUID& uid) {
   KVXEBook* book = uid.getBook();
-  KVXECell* cell = book ? book->lookup<std::string>(TabType::POWER_DESIGN, &m_deviceTable, "Device", &m_optionColumn,
-                                                    &m_selectionColumn, false)
+  KVXECell* cell = book ? book->lookup<std::string>(TabType::POWER_DESIGN, &m_deviceTable, "Device",
+                                                    &m_optionColumn, &m_selectionColumn, false)
                         : nullptr;
   std::string name;
   if (cell) cell->getVal(name, true);
@@ -245,9 +247,10 @@ void KVXETab::updateRailAndVoltage(const KVXEUID& uid) {
   std::string internalRail;
   uid.getRow()->getCell(&m_InternalRailColumn)->getVal(internalRail, true);
   const auto supply = [&](const KVXETitle* column) -> KVXECell* {
-    return uid.getBook() ? uid.getBook()->lookup<std::string>(TabType::POWER_DESIGN, &m_powerSupplyTable, internalRail,
-                                                              &m_internalSupplyColumn, column, false)
-                         : nullptr;
+    return uid.getBook()
+               ? uid.getBook()->lookup<std::string>(TabType::POWER_DESIGN, &m_powerSupplyTable, internalRail,
+                                                    &m_internalSupplyColumn, column, false)
+               : nullptr;
   };
   std::string rail;
   KVXECell* name = supply(&m_supplyColumn);

@@ -13,8 +13,8 @@ using KVXEEnums::CellState;
 using KVXEEnums::CellType;
 using KVXEEnums::Visibility;
 
-KVXETable::KVXETable(KVXETab* tab, unsigned int index, const KVXETitle* title, bool showRowIds, bool gridOptionA,
-                     bool gridOptionB)
+KVXETable::KVXETable(KVXETab* tab, unsigned int index, const KVXETitle* title, bool showRowIds,
+                     bool gridOptionA, bool gridOptionB)
     : m_tab(tab),
       m_index(index),
       m_title(title),
@@ -23,8 +23,8 @@ KVXETable::KVXETable(KVXETab* tab, unsigned int index, const KVXETitle* title, b
       m_gridOptionB(gridOptionB) {
   initGrid();
   if (!showRowIds) return;
-  addColumn<int>(KVXETab::m_RowID, false, CellType::INT, &KVXECell::NoFormula, KVXEEnums::Unit::NO_UNIT, false,
-                 kvxeBlank<int>, {kvxeBlank<int>, kvxeBlank<int>});
+  addColumn<int>(KVXETab::m_RowID, false, CellType::INT, &KVXECell::NoFormula, KVXEEnums::Unit::NO_UNIT,
+                 false, kvxeBlank<int>, {kvxeBlank<int>, kvxeBlank<int>});
   setColumnToolTip(&KVXETab::m_RowID, "Row ID of the given row.");
 }
 
@@ -35,9 +35,9 @@ KVXETable::~KVXETable() {
 // Columns.
 
 template <class T>
-unsigned int KVXETable::addColumn(const KVXETitle& title, bool isEditable, CellType cellType, KVXEFormula formula,
-                                  KVXEEnums::Unit unit, bool isDropdownColumn, const T& defaultValue,
-                                  const std::pair<T, T>& range) {
+unsigned int KVXETable::addColumn(const KVXETitle& title, bool isEditable, CellType cellType,
+                                  KVXEFormula formula, KVXEEnums::Unit unit, bool isDropdownColumn,
+                                  const T& defaultValue, const std::pair<T, T>& range) {
   KVXEHeaderRow* header = getOrCreateHeaderRow();
   const unsigned int column = header->addCell(cellType);
   header->assignHeaderToIndex(&title, column);
@@ -54,10 +54,12 @@ unsigned int KVXETable::addColumn(const KVXETitle& title, bool isEditable, CellT
   return column;
 }
 
-template unsigned int KVXETable::addColumn<int>(const KVXETitle&, bool, CellType, KVXEFormula, KVXEEnums::Unit, bool,
-                                                const int&, const std::pair<int, int>&);
-template unsigned int KVXETable::addColumn<float>(const KVXETitle&, bool, CellType, KVXEFormula, KVXEEnums::Unit,
-                                                  bool, const float&, const std::pair<float, float>&);
+template unsigned int KVXETable::addColumn<int>(const KVXETitle&, bool, CellType, KVXEFormula,
+                                                KVXEEnums::Unit, bool, const int&,
+                                                const std::pair<int, int>&);
+template unsigned int KVXETable::addColumn<float>(const KVXETitle&, bool, CellType, KVXEFormula,
+                                                  KVXEEnums::Unit, bool, const float&,
+                                                  const std::pair<float, float>&);
 template unsigned int KVXETable::addColumn<std::string>(const KVXETitle&, bool, CellType, KVXEFormula,
                                                         KVXEEnums::Unit, bool, const std::string&,
                                                         const std::pair<std::string, std::string>&);
@@ -71,17 +73,19 @@ T orBlank(double number) {
 
 template <class T>
 unsigned int addNumberColumn(KVXETable& table, const KVXEColumn& c) {
-  return table.addColumn<T>(*c.title, c.isEditable, c.type, c.formula, c.unit, c.isDropdown, orBlank<T>(c.number),
-                            {orBlank<T>(c.minimum), orBlank<T>(c.maximum)});
+  return table.addColumn<T>(*c.title, c.isEditable, c.type, c.formula, c.unit, c.isDropdown,
+                            orBlank<T>(c.number), {orBlank<T>(c.minimum), orBlank<T>(c.maximum)});
 }
 
 unsigned int addDeclaredColumn(KVXETable& table, const KVXEColumn& c) {
   switch (c.type) {
-    case CellType::INT: return addNumberColumn<int>(table, c);
-    case CellType::FLOAT: return addNumberColumn<float>(table, c);
+    case CellType::INT:
+      return addNumberColumn<int>(table, c);
+    case CellType::FLOAT:
+      return addNumberColumn<float>(table, c);
     default:
-      return table.addColumn<std::string>(*c.title, c.isEditable, CellType::STRING, c.formula, c.unit, c.isDropdown,
-                                          std::string(c.text), {});
+      return table.addColumn<std::string>(*c.title, c.isEditable, CellType::STRING, c.formula, c.unit,
+                                          c.isDropdown, std::string(c.text), {});
   }
 }
 
@@ -150,7 +154,8 @@ void KVXETable::setColumnHeaderText(const KVXETitle* title, const std::string& t
     display->setValAndState(text, CellState::HEADER_DIRTY);
 }
 
-void KVXETable::setColumnHeaderMsg(const KVXETitle* title, const KvxSeverity& severity, const std::string& text) {
+void KVXETable::setColumnHeaderMsg(const KVXETitle* title, const KvxSeverity& severity,
+                                   const std::string& text) {
   if (KVXEHeaderCell* display = getDisplayCell(getTitleToIndex(title))) display->setMsg(severity, text);
 }
 
@@ -251,8 +256,7 @@ void KVXETable::fillRowIDs() {
     KVXERow* row = getRow(i);
     if (!row->hasPlaceOnScreen()) continue;
     auto* cell = static_cast<KVXEIntCell*>(row->getChild(0));
-    if (int present = 0; ++number != (cell->getVal(present, false) ? present : 0))
-      cell->setValAndState(number, cell->getState());
+    if (++number != cell->peekVal()) cell->setValAndState(number, cell->getState());
   }
 }
 

@@ -93,8 +93,8 @@ class KVXETable {
   /// Inserts a row from the template, with its vertices in the graph. Null, with a report for an index
   /// beyond the end, when nothing was inserted: a table without a data row takes no insertion.
   KVXERow* insertRow(unsigned int index);
-  /// Removes a row with its cells and their edges. False, with a report, for an index beyond the end; the
-  /// header row is never a target.
+  /// Removes a row with its cells and their edges. False, with a report, for an index beyond the end and for
+  /// a row whose formula is running; the header row is never a target.
   bool deleteRow(unsigned int index);
   /// Drops the row's contents and moves those below it up by one; no row is created or destroyed.
   void moveDownStreamRowsUpByOneRow(KVXERow* row);
@@ -132,6 +132,8 @@ class KVXETable {
   /// The sub-tab in which the table stands.
   void setTabWidgetTitle(const std::string& title);
   bool getShowRowIds() const { return m_showRowIds; }
+  /// The first column that holds contents: the one behind the row numbers, which tell where a row stands.
+  unsigned int getFirstContentColumn() const { return m_showRowIds ? 1 : 0; }
   bool getGridOptionA() const { return m_gridOptionA; }
   bool getGridOptionB() const { return m_gridOptionB; }
   bool getHasTableEditingFeatures() const { return m_hasTableEditingFeatures; }

@@ -24,7 +24,7 @@ KVXERow* KVXETable::getOrCreateRow(unsigned int index) {
     for (unsigned int column = 0; column < header->getColumnCount(); ++column)
       row->addCell(header->getDefaultCell(column));
   }
-  if (isNew) fillRowIDs();
+  if (isNew) refreshScreenNumbers();
   return m_rows[index];
 }
 
@@ -48,7 +48,7 @@ void KVXETable::refreshScreenNumbers() {
 KVXERow* KVXETable::insertRow(unsigned int index) {
   if (!getRow(1)) return nullptr;
   // Row 1 is marked wherever the insertion takes place: the next calculation needs something to start from.
-  markFirstRowDirty(m_showRowIds ? 1 : 0);
+  markFirstRowDirty(getFirstContentColumn());
   if (index > getRowCount() || index == 0) {
     std::cout << "\n Unable to insert row";
     return nullptr;
@@ -67,16 +67,27 @@ KVXERow* KVXETable::insertRow(unsigned int index) {
   return row;
 }
 
+namespace {
+
+bool isEvaluating(const KVXERow& row) {
+  for (unsigned int i = 0; const KVXECell* cell = row.getChild(i); ++i)
+    if (cell->getIsEvaluating()) return true;
+  return false;
+}
+
+}  // namespace
+
 void KVXETable::detachFromGraphAndMessages(KVXERow* row) {
   for (unsigned int column = 0; column < row->getChildCount(); ++column) {
     KVXECell* cell = row->getChild(column);
     unregisterMsgCell(cell);
-    KVXECalculationMgr::getGlobal().forget(cell);
+    if (KVXECalculationMgr::getGlobal().hasVertex(cell))
+      KVXECalculationMgr::getGlobal().clearEdgesOfVertex(cell);
   }
 }
 
 bool KVXETable::deleteRow(unsigned int index) {
-  if (index >= getRowCount() || index == 0) {
+  if (index >= getRowCount() || index == 0 || isEvaluating(*m_rows[index])) {
     std::cout << "\n Unable to delete row";
     return false;
   }
@@ -100,15 +111,13 @@ void KVXETable::moveDownStreamRowsUpByOneRow(unsigned int index) {
   if (!row || index == 0) return;
   row->resetDefaults();
   for (unsigned int i = index; i + 1 < getRowCount(); ++i)
-    for (unsigned int column = m_showRowIds ? 1 : 0; column < getColumnCount(); ++column)
+    for (unsigned int column = getFirstContentColumn(); column < getColumnCount(); ++column)
       m_rows[i + 1]->getChild(column)->copyAssignElements(m_rows[i]->getChild(column));
   m_rows.back()->resetDefaults();
-  fillRowIDs();
 }
 
 void KVXETable::resetDefaults(unsigned int from, unsigned int to) {
   for (unsigned int i = std::max(from, 1u); i <= to && i < getRowCount(); ++i) m_rows[i]->resetDefaults();
-  fillRowIDs();
 }
 
 void KVXETable::setIsEnabled(bool isEnabled) {
@@ -136,10 +145,18 @@ namespace {
 class KeyMatcher {
  public:
   KeyMatcher(const std::string& key, bool useRegex) : m_key(key) {
-    if (useRegex) m_pattern.emplace(key);
+    if (!useRegex) return;
+    m_isTooLong = key.size() > MaxLength;
+    if (m_isTooLong) {
+      std::cout << "Warning: a pattern of " << key.size() << " characters is too long and matches nothing."
+                << '\n';
+    } else {
+      m_pattern.emplace(key);
+    }
   }
 
   bool operator()(KVXECell* cell) {
+    if (m_isTooLong) return false;
     const std::string* text = &m_text;
     if (cell->getCellType() == KVXEEnums::CellType::STRING) {
       text = &static_cast<KVXEStringCell*>(cell)->readVal(true);
@@ -147,19 +164,21 @@ class KeyMatcher {
       cell->getVal(m_text, true);
     }
     if (!m_pattern) return *text == m_key;
-    if (text->size() <= MaxSubject) return std::regex_match(*text, *m_pattern);
-    std::cout << "Warning: a text of " << text->size() << " characters is too long to be matched with the pattern "
-              << m_key << " and counts as no match: " << cell->describe(" -> ").substr(0, MaxSubject) << '\n';
+    if (text->size() <= MaxLength) return std::regex_match(*text, *m_pattern);
+    std::cout << "Warning: a text of " << text->size()
+              << " characters is too long to be matched with the pattern " << m_key
+              << " and counts as no match: " << cell->describe(" -> ").substr(0, MaxLength) << '\n';
     return false;
   }
 
  private:
-  // std::regex recurses once per character; this keeps a long cell text off a small stack.
-  static constexpr size_t MaxSubject = 2000;
+  // std::regex recurses once per character of text and of pattern; this keeps long ones off a small stack.
+  static constexpr size_t MaxLength = 2000;
 
   const std::string& m_key;
   std::optional<std::regex> m_pattern;
   std::string m_text;
+  bool m_isTooLong = false;
 };
 
 }  // namespace
@@ -177,8 +196,11 @@ bool KVXETable::lookup(const std::string& key, const KVXETitle* from, const KVXE
   }
   KeyMatcher matches(key, useRegex);
   for (unsigned int i = 1; i < getRowCount(); ++i) {
-    if (!matches(m_rows[i]->getCell(fromIndex))) continue;
-    out.push_back(m_rows[i]->getCell(toIndex));
+    KVXECell* read = m_rows[i]->getCell(fromIndex);
+    if (!read || !matches(read)) continue;
+    KVXECell* found = m_rows[i]->getCell(toIndex);
+    if (!found) continue;  // a row does not get the columns that were added after it
+    out.push_back(found);
     if (stopAtFirst) return true;
   }
   return !out.empty();
@@ -189,7 +211,8 @@ std::string KVXETable::checkInvariants() const {
     const KVXERow* row = m_rows[i];
     if (row->getIndex() != i) return "row " + std::to_string(i) + " holds another index";
     if (row->getTable() != this) return "row " + std::to_string(i) + " belongs to another table";
-    if (i > 0 && row->getChildCount() > getColumnCount()) return "row " + std::to_string(i) + " has too many cells";
+    if (i > 0 && row->getChildCount() > getColumnCount())
+      return "row " + std::to_string(i) + " has too many cells";
     for (unsigned int column = 0; column < row->getChildCount(); ++column) {
       const KVXECell* cell = row->getChild(column);
       if (!cell || cell->getRow() != row || cell->getColumnIndex() != column)

@@ -1,5 +1,6 @@
 #include "engine/base/workbook/KVXETemplateCell.h"
 
+#include <algorithm>
 #include <cmath>
 #include <iostream>
 
@@ -24,35 +25,22 @@ int truncated(float value) {
   return static_cast<int>(value);
 }
 
-// convert<To>(from) for each pair of value types.
-template <class To>
-To convert(const To& value) {
-  return value;
-}
-template <class To>
-  requires std::is_same_v<To, int>
-To convert(const float& value) {
-  return truncated(value);
-}
-template <class To>
-  requires std::is_same_v<To, int>
-To convert(const std::string& value) {
-  return KVXMHelperUtils::s2i(value);
-}
-template <class To>
-  requires std::is_same_v<To, float>
-To convert(const int& value) {
-  return static_cast<float>(value);
-}
-template <class To>
-  requires std::is_same_v<To, float>
-To convert(const std::string& value) {
-  return KVXMHelperUtils::s2f(value);
-}
+/// The value in another of the three types.
 template <class To, class From>
-  requires(std::is_same_v<To, std::string> && !std::is_same_v<From, std::string>)
 To convert(const From& value) {
-  return KVXMHelperUtils::ToString(value);
+  if constexpr (std::is_same_v<To, From>) {
+    return value;
+  } else if constexpr (std::is_same_v<To, std::string>) {
+    return KVXMHelperUtils::ToString(value);
+  } else if constexpr (std::is_same_v<From, float>) {
+    return truncated(value);
+  } else if constexpr (std::is_same_v<From, int>) {
+    return static_cast<To>(value);
+  } else if constexpr (std::is_same_v<To, int>) {
+    return KVXMHelperUtils::s2i(value);
+  } else {
+    return KVXMHelperUtils::s2f(value);
+  }
 }
 
 const KVXEMsg& invalidEntryMsg() {
@@ -104,7 +92,8 @@ template <class T>
 template <class U>
 void KVXETemplateCell<T>::storeList(const std::vector<U>& values) {
   if (!isInADropdownColumn())
-    std::cout << "Error: Trying to set a drop-down value for a non drop-down column: " << describe(" -> ") << '\n';
+    std::cout << "Error: Trying to set a drop-down value for a non drop-down column: " << describe(" -> ")
+              << '\n';
   report(KVXECalculationMgr::WRITE_DD_VALS, this);
   auto list = std::make_shared<std::vector<T>>();
   list->reserve(values.size());
@@ -208,15 +197,28 @@ template <class T>
 const std::vector<T>& KVXETemplateCell<T>::getDDVals() const {
   static const std::vector<T> none;
   if (m_ddVals) return *m_ddVals;
-  const KVXEHeaderRow* header = getHeaderRow();
-  if (!header || getRow() == header) return none;
-  const auto* column = dynamic_cast<const KVXETemplateCell*>(header->getChild(2 * getColumnIndex()));
+  const KVXETemplateCell* column = columnCell();
   return column && column->m_ddVals ? *column->m_ddVals : none;
+}
+
+template <class T>
+KVXETemplateCell<T>* KVXETemplateCell<T>::columnCell() const {
+  const KVXEHeaderRow* header = getHeaderRow();
+  if (!header || getRow() == header) return nullptr;
+  return dynamic_cast<KVXETemplateCell*>(header->getChild(2 * getColumnIndex()));
+}
+
+template <class T>
+typename KVXETemplateCell<T>::List KVXETemplateCell<T>::columnList() const {
+  const KVXETemplateCell* column = columnCell();
+  return column ? column->m_ddVals : nullptr;
 }
 
 template <class T>
 bool KVXETemplateCell<T>::getDDVals(std::vector<std::string>& values) {
   report(KVXECalculationMgr::READ_EVALUATED, this);
+  if (KVXETemplateCell* column = m_ddVals ? nullptr : columnCell())
+    report(KVXECalculationMgr::READ_EVALUATED, column);
   values.clear();
   for (const T& value : getDDVals()) values.push_back(convert<std::string>(value));
   return !values.empty();
@@ -231,26 +233,16 @@ void KVXETemplateCell<T>::addDDErrorMsgIfApplicable() {
     setMsg(invalidEntryMsg().getSeverity(), invalidEntryMsg().getDisplayText());
 }
 
-/// Whether this is the default cell of the target's own column, whose list the target shows anyway.
-template <class T>
-bool KVXETemplateCell<T>::isDefaultOf(const KVXECell* target) const {
-  const KVXEHeaderRow* header = target->getHeaderRow();
-  return header && getRow() == header && target->getRow() != header &&
-         getColumnIndex() == 2 * target->getColumnIndex();
-}
-
 template <class T>
 void KVXETemplateCell<T>::copyAssignElements(KVXECell* target) const {
   auto* typed = dynamic_cast<KVXETemplateCell*>(target);
-  if (!typed || !typed->getRow()) {
-    if (!target || !target->getRow()) KVXECell::copyAssignElements(target);
-    return;
-  }
+  if (!typed || !typed->getRow()) return KVXECell::copyAssignElements(nullptr);
   typed->setValAndState(m_val, typed->getState());
   typed->markBothDirty();
   report(KVXECalculationMgr::WRITE_RANGE, typed);
   typed->m_range = m_range;
-  typed->m_ddVals = isDefaultOf(typed) ? nullptr : m_ddVals;
+  const List list = m_ddVals ? m_ddVals : columnList();
+  typed->m_ddVals = list && list != typed->columnList() ? list : nullptr;
   KVXECell::copyAssignElements(target);
 }
 
@@ -285,9 +277,13 @@ KVXECell* KVXEHeaderCell::getDefaultCell() const {
 int KVXEHeaderCell::getPBColumnClass() const {
   const KVXECell* cell = getDefaultCell();
   switch (cell ? cell->getCellType() : CellType::NumItems) {
-    case CellType::FLOAT: return m_isDropdownColumn ? 830 : 200;
-    case CellType::INT: return m_isDropdownColumn ? 820 : 500;
-    case CellType::STRING: return m_isDropdownColumn ? 810 : 700;
-    default: return 700;
+    case CellType::FLOAT:
+      return m_isDropdownColumn ? 830 : 200;
+    case CellType::INT:
+      return m_isDropdownColumn ? 820 : 500;
+    case CellType::STRING:
+      return m_isDropdownColumn ? 810 : 700;
+    default:
+      return 700;
   }
 }

@@ -12,7 +12,8 @@ inline constexpr int kvxeBlank<int> = 0x7FFFFFFE;
 template <>
 inline constexpr float kvxeBlank<float> = std::numeric_limits<float>::max();
 
-/// The typed half of a cell: value, range and drop-down list of one type, and the conversions from the others.
+/// The typed half of a cell: value, range and drop-down list of one type, and the conversions from the
+/// others.
 template <class T>
 class KVXETemplateCell : public KVXECell {
  public:
@@ -46,10 +47,14 @@ class KVXETemplateCell : public KVXECell {
   /// The drop-down entries: the cell's own, or those of its column's default cell.
   virtual const std::vector<T>& getDDVals() const;
   /// (minimum, maximum), both blank without a range.
-  virtual std::pair<T, T> getRange() const { return m_range ? *m_range : std::pair<T, T>{kvxeBlank<T>, kvxeBlank<T>}; }
+  virtual std::pair<T, T> getRange() const {
+    return m_range ? *m_range : std::pair<T, T>{kvxeBlank<T>, kvxeBlank<T>};
+  }
 
   /// As getVal without a copy: reports the read, evaluates if asked, and gives the stored value.
   const T& readVal(bool evaluateIfDirty);
+  /// The stored value, without a report: for what keeps the cells, not for formulas.
+  const T& peekVal() const { return m_val; }
   bool isBlank() const { return m_val == kvxeBlank<T>; }
 
  private:
@@ -63,7 +68,10 @@ class KVXETemplateCell : public KVXECell {
   void storeList(const std::vector<U>& values);
   template <class U>
   void storeRange(const std::pair<U, U>& range);
-  bool isDefaultOf(const KVXECell* target) const;
+  /// The default cell of the column, whose list stands in for the cell's own; null in a header row.
+  KVXETemplateCell* columnCell() const;
+  /// The list of that cell, or null.
+  List columnList() const;
 
   T m_val = kvxeBlank<T>;
   Range m_range;

@@ -4,6 +4,7 @@
 #include <limits>
 #include <sstream>
 
+#include "engine/base/calculation/KVXECalculationMgr.h"
 #include "engine/base/workbook/KVXEBook.h"
 #include "engine/base/workbook/KVXEBookMgr.h"
 #include "engine/base/workbook/KVXECell.h"
@@ -23,6 +24,7 @@ constexpr unsigned short levelOf(AtomType type) {
 }
 
 // How each level is reached from its parent and how many siblings it has, which gives its field's width.
+// clang-format off
 unsigned int childCount(const KVXEBookMgr& mgr) { return mgr.getBookCount(); }
 unsigned int childCount(const KVXEBook& book) { return book.getTabCount(); }
 unsigned int childCount(const KVXETab& tab) { return tab.getTableCount(); }
@@ -46,6 +48,7 @@ unsigned int indexOf(const KVXETab& tab) { return tab.getIndex(); }
 unsigned int indexOf(const KVXETable& table) { return table.getIndex(); }
 unsigned int indexOf(const KVXERow& row) { return row.getIndex(); }
 unsigned int indexOf(const KVXECell& cell) { return cell.getColumnIndex(); }
+// clang-format on
 
 }  // namespace
 
@@ -183,13 +186,13 @@ std::string columnTitleOf(KVXECell* cell) {
 }  // namespace
 
 std::string KVXEUID::describe(const std::string& separator) const {
+  const KVXECalculationMgr::Recording none(false);  // what a diagnosis reads is no dependency
   std::string text;
   if (getTab()) text += getTab()->getPBTitle() + " Tab";
   if (getTable()) text += " -> " + getTable()->getTableTitle()->getDisplayTag(false) + " Table";
   if (getCell()) text += " -> " + columnTitleOf(getCell()) + " Column";
   if (getRow()) text += describeRow(getRow());
-  if (getCell())
-    text += " -> CellValue: " + valueOf(getCell()) + " -> CellUID: " + std::to_string(getUId());
+  if (getCell()) text += " -> CellValue: " + valueOf(getCell()) + " -> CellUID: " + std::to_string(getUId());
   if (getRow()) text += separator + describeRowValues(getRow(), getCell());
   return text;
 }
@@ -198,7 +201,8 @@ std::string KVXEUID::reflect() const {
   std::ostringstream out;
   out.imbue(std::locale::classic());
   out << "Index mapping\n";
-  for (unsigned short level = 0; level < 5; ++level) out << level << " = " << static_cast<AtomType>(level) << '\n';
+  for (unsigned short level = 0; level < 5; ++level)
+    out << level << " = " << static_cast<AtomType>(level) << '\n';
   const auto list = [&out](const auto& values) {
     out << "( ";
     for (const auto& value : values) out << value << ' ';
