@@ -228,6 +228,21 @@ Estimate::Message invalidJunction(const KVXETable& environment, const KVXEUID& u
           : "Above 125 C the power and thermal estimates are no longer valid."};
 }
 
+/// What rests on absurd entries adds up to no number, or to none that a device could dissipate.
+bool isBelievable(double watts) {
+  constexpr double Largest = 1e6;
+  return watts >= 0 && watts < Largest;
+}
+
+Estimate::Message unbelievablePower(const KVXETab& summary) {
+  return {KvxSeverity::ERROR,
+          summary.getPBTitle(),
+          "Power",
+          "",
+          "",
+          "The power is beyond any that can be estimated; check frequencies, counts and voltages."};
+}
+
 }  // namespace
 
 Estimate readEstimate(KVXEBook& book) {
@@ -247,6 +262,8 @@ Estimate readEstimate(KVXEBook& book) {
   estimate.messages = readMessages(book);
   if (!estimate.isJunctionValid)
     estimate.messages.insert(estimate.messages.begin(), invalidJunction(*environment, uid));
+  if (!isBelievable(estimate.boardWatts().value_or(0) + estimate.totalWatts()))
+    estimate.messages.insert(estimate.messages.begin(), unbelievablePower(*summary));
   return estimate;
 }
 

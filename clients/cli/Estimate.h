@@ -62,7 +62,7 @@ struct Estimate {
   /// At the board's input; nothing for a part that is no module.
   std::optional<double> boardWatts() const;
   /// The budget of a module is that of its board.
-  bool isBudgetBroken() const { return budget && boardWatts().value_or(totalWatts()) > *budget; }
+  bool isBudgetBroken() const { return budget && !(boardWatts().value_or(totalWatts()) <= *budget); }
   bool hasErrors() const;
 };
 

@@ -8,10 +8,15 @@ namespace kvx {
 
 namespace {
 
-using KVXMHelperUtils::formatFixed;
-
 constexpr double Milliwatt = 1e-3;
 constexpr double TenthOfPercent = 1e-1;
+
+/// With that many decimals; what would not fit into a column, in its shortest form.
+std::string showNumber(double number, unsigned int decimals) {
+  constexpr double Largest = 1e7;
+  if (number > -Largest && number < Largest) return KVXMHelperUtils::formatFixed(number, decimals);
+  return KVXMHelperUtils::ToString(static_cast<float>(number));
+}
 
 /// A line of the block table: a total, a category or a block.
 struct BlockLine {
@@ -64,7 +69,7 @@ BlockLine makeBlockTree(const Estimate& estimate) {
 }
 
 std::string showMilliwatts(std::int64_t milliwatts) {
-  return formatFixed(static_cast<double>(milliwatts) * Milliwatt, 3);
+  return showNumber(static_cast<double>(milliwatts) * Milliwatt, 3);
 }
 
 /// Two columns: what, and a number with its unit.
@@ -75,7 +80,7 @@ std::string summaryLine(const std::string& what, const std::string& number, cons
 }
 
 std::string showDegrees(float celsius) {
-  return formatFixed(static_cast<double>(celsius), 1) + " C";
+  return showNumber(static_cast<double>(celsius), 1) + " C";
 }
 
 std::string junctionNote(const Estimate& estimate) {
@@ -83,12 +88,12 @@ std::string junctionNote(const Estimate& estimate) {
   if (estimate.isJunctionGiven) return note + "; given, not calculated";
   note += "; ambient " + showDegrees(estimate.ambient);
   if (estimate.thetaJa)
-    note += ", theta JA " + formatFixed(static_cast<double>(*estimate.thetaJa), 2) + " C/W";
+    note += ", theta JA " + showNumber(static_cast<double>(*estimate.thetaJa), 2) + " C/W";
   return note;
 }
 
 std::string budgetLine(const Estimate& estimate, const Style& style) {
-  const std::string limit = formatFixed(*estimate.budget, 3) + " W";
+  const std::string limit = showNumber(*estimate.budget, 3) + " W";
   return summaryLine("Power budget", limit, estimate.isBudgetBroken() ? style.error("exceeded") : "met");
 }
 
@@ -109,7 +114,7 @@ std::string printSummary(const Estimate& estimate, const BlockLine& total, const
   text += summaryLine("Junction temperature", showDegrees(estimate.junction), junctionNote(estimate));
   const bool isTooHot = estimate.marginDegrees < 0;
   std::string watts;
-  if (estimate.marginWatts) watts = formatFixed(static_cast<double>(*estimate.marginWatts), 3) + " W";
+  if (estimate.marginWatts) watts = showNumber(static_cast<double>(*estimate.marginWatts), 3) + " W";
   if (isTooHot) watts = style.error(watts.empty() ? "too hot" : watts + ", too hot");
   text += summaryLine("Thermal margin", showDegrees(estimate.marginDegrees), watts);
   if (estimate.budget) text += budgetLine(estimate, style);
@@ -121,7 +126,7 @@ std::string printSummary(const Estimate& estimate, const BlockLine& total, const
 std::string blockLine(const BlockLine& line) {
   return padRight(std::string(2 * line.level, ' ') + line.name, 34) +
          padLeft(showMilliwatts(line.milliwatts), 12) +
-         padLeft(formatFixed(static_cast<double>(line.tenthsOfPercent) * TenthOfPercent, 1), 9) + "\n";
+         padLeft(showNumber(static_cast<double>(line.tenthsOfPercent) * TenthOfPercent, 1), 9) + "\n";
 }
 
 /// The line and its parts; a block that rounds to nothing is left out.
@@ -171,8 +176,8 @@ std::string printRails(const Estimate& estimate, const Style& style) {
         apportion({static_cast<double>(rail.dynamicAmperes), static_cast<double>(rail.staticAmperes)},
                   Milliwatt, total);
     text +=
-        railLine(rail.name, {formatFixed(static_cast<double>(rail.volts), 3), showMilliwatts(parts[0]),
-                             showMilliwatts(parts[1]), showMilliwatts(total), formatFixed(rail.watts(), 3)}) +
+        railLine(rail.name, {showNumber(static_cast<double>(rail.volts), 3), showMilliwatts(parts[0]),
+                             showMilliwatts(parts[1]), showMilliwatts(total), showNumber(rail.watts(), 3)}) +
         "\n";
   }
   return text;

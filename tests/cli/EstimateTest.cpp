@@ -80,6 +80,15 @@ TEST(Estimate, RunawayIsAnError) {
   EXPECT_TRUE(runaway.hasErrors());
 }
 
+TEST(Estimate, AbsurdEntriesAreAnErrorAndFitTheColumns) {
+  const kvx::Estimate absurd = estimate(
+      "[[clock]]\nname = 'c'\nfrequency = 1e38\nfanout = 2147483645\n"
+      "[environment]\nambient_temperature = 20\neffective_theta_ja = 1e30\n");
+  EXPECT_TRUE(absurd.hasErrors());
+  for (const std::string& line : linesOf(kvx::printEstimate(absurd, kvx::Style(false))))
+    EXPECT_LE(line.size(), 100u) << line;
+}
+
 TEST(Estimate, TablesGrowWithTheSheet) {
   std::string rows = Design;
   for (int i = 0; i < 1200; ++i)
