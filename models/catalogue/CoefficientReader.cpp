@@ -47,6 +47,18 @@ int lineOfNamelessSection(std::string_view text) {
   return 0;
 }
 
+/// The first line with more dots than a key of these files could have, or 0. The parser's tables nest as deep as a
+/// dotted key and are destroyed by recursion, so a key of a hundred thousand dots would end the process.
+int lineOfEndlessKey(std::string_view text) {
+  constexpr std::ptrdiff_t mostDots = 200;
+  for (int number = 1; !text.empty(); ++number) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    if (std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(end), '.') > mostDots) return number;
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return 0;
+}
+
 /// One file on its way into the sets.
 class Reader {
  public:
@@ -138,6 +150,9 @@ void readCoefficients(const DataFile& file, const SectionNames& names, Coefficie
                       Problems& problems) {
   if (const int line = lineOfNamelessSection(file.text)) {
     return problems.error(file, line, {}, "section without a name", expectedLines);
+  }
+  if (const int line = lineOfEndlessKey(file.text)) {
+    return problems.error(file, line, {}, "the line has too many dots", expectedLines);
   }
   try {
     Reader(file, names, sets, problems).readTop(toml::parse(file.text, file.path));

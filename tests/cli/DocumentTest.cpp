@@ -32,6 +32,12 @@ TEST(DesignSheetDocument, SheetsDoWhatItSays) {
   EXPECT_EQ(estimateText(wrong[0]).mistakes, mistakes[0]);
 }
 
+TEST(Readme, ShowsWhatTheDemoPrints) {
+  const auto shown = blocksBehind(readFile(KVX_SOURCE_DIR "/README.md"), "<!-- demo -->");
+  ASSERT_EQ(shown.size(), 1u);
+  EXPECT_EQ(runKvx("estimate " KVX_SOURCE_DIR "/examples/video_pipeline.toml").output, shown[0]);
+}
+
 /// The names of all members in the order of the text, "rails[].name".
 void collectMembers(const nlohmann::json& value, const std::string& path, std::vector<std::string>& members) {
   if (value.is_array() && !value.empty()) return collectMembers(value[0], path + "[]", members);

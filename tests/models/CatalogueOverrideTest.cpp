@@ -126,6 +126,8 @@ std::vector<Mistake> mistakes() {
        "tarvek/coefficients.toml:1: family.Arkeon Nut: unknown family; did you mean \"Arkeon Net\"?"},
       {"no section", "tarvek/coefficients.toml", "device = 3\n",
        "tarvek/coefficients.toml:1: device: not a section; expected [device.NAME]"},
+      {"endless key", "tarvek/coefficients.toml", std::string(100000, '.') + "a = 1\n",
+       "tarvek/coefficients.toml:1: the line has too many dots"},
       {"nameless section", "tarvek/coefficients.toml", "[\ndevice.AK1080]\n",
        "tarvek/coefficients.toml:1: section without a name; expected lines \"key = number\""},
       {"no TOML", "morlan/coefficients.toml", "a = 1\nb = = 2\n", "morlan/coefficients.toml:2: "},

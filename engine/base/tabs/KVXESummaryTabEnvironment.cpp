@@ -47,7 +47,7 @@ std::string ambientMsg() {
 // Readers.
 
 float KVXESummaryTab::getAmbientTemp(const KVXEUID& uid) {
-  return readEntry(environmentCell(uid, m_AmbientTempStr, m_envValColumn)).value_or(0.0f);
+  return readEntry(environmentCell(uid, m_AmbientTempStr, m_envValColumn)).value_or(getDefaultAmbientTemp());
 }
 
 float KVXESummaryTab::getMaxJunctionTemp(const KVXEUID& uid) {

@@ -173,6 +173,8 @@ class KVXETable {
   friend class KVXETab;
 
   KVXEHeaderCell* getDisplayCell(unsigned int column) const;
+  KVXERow* appendRow(KVXEHeaderRow* header);
+  void appendToScreen(KVXERow* row);
   void renumberRowsFrom(unsigned int index);
   void markFirstRowDirty(unsigned int firstColumn);
   void detachFromGraphAndMessages(KVXERow* row);

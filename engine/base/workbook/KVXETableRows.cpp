@@ -17,15 +17,30 @@ KVXERow* KVXETable::getOrCreateRow(unsigned int index) {
   if (index < m_rows.size()) return m_rows[index];
   KVXEHeaderRow* header = getOrCreateHeaderRow();
   if (index >= m_rows.capacity()) m_rows.reserve(size_t{index} + 1);
-  const bool isNew = m_rows.size() <= index;
-  while (m_rows.size() <= index) {
-    KVXERow* row = KVXERow::createRow(this, getRowCount());
-    m_rows.push_back(row);
-    for (unsigned int column = 0; column < header->getColumnCount(); ++column)
-      row->addCell(header->getDefaultCell(column));
-  }
-  if (isNew) refreshScreenNumbers();
+  while (m_rows.size() <= index) appendToScreen(appendRow(header));
   return m_rows[index];
+}
+
+KVXERow* KVXETable::appendRow(KVXEHeaderRow* header) {
+  KVXERow* row = KVXERow::createRow(this, getRowCount());
+  m_rows.push_back(row);
+  for (unsigned int column = 0; column < header->getColumnCount(); ++column)
+    row->addCell(header->getDefaultCell(column));
+  return row;
+}
+
+/// Gives a new last row its place and number; those above it keep theirs.
+void KVXETable::appendToScreen(KVXERow* row) {
+  const unsigned int index = row->getIndex();
+  if (index == 0) return;
+  int place = static_cast<int>(index);  // counted from 1
+  if (!m_guiToEngine.empty()) {
+    m_guiToEngine.push_back(index);
+    place = static_cast<int>(m_guiToEngine.size());
+  }
+  if (!m_showRowIds) return;
+  KVXECell* cell = row->getChild(0);
+  cell->setValAndState(place, cell->getState());
 }
 
 void KVXETable::markFirstRowDirty(unsigned int firstColumn) {
