@@ -20,7 +20,8 @@ using KVXEEnums::Unit;
 
 namespace {
 
-// A table in the shape of a block memory's: names, counts, modes, two ports with clocks and rates, three powers.
+// A table in the shape of a block memory's: names, counts, modes, two ports with clocks and rates, three
+// powers.
 const KVXETitle Config("STAND_IN"), Name("NAME"), Count("COUNT"), Mode("MODE"), Toggle("TOGGLE_RATE"),
     ClockA("PORT_A_CLOCK"), EnableA("PORT_A_ENABLE"), WidthA("PORT_A_WIDTH"), WriteA("PORT_A_WRITE"),
     ClockB("PORT_B_CLOCK"), EnableB("PORT_B_ENABLE"), WidthB("PORT_B_WIDTH"), WriteB("PORT_B_WRITE"),
@@ -61,15 +62,19 @@ void updateStandInRow(const KVXEUID& uid) {
     cells->getCell(&title)->getVal(value, true);
     return value;
   };
-  StandInRow row{.count = static_cast<int>(number(Count)), .toggle = number(Toggle), .enableA = number(EnableA),
-                 .enableB = number(EnableB), .writeA = number(WriteA), .writeB = number(WriteB)};
+  StandInRow row{.count = static_cast<int>(number(Count)),
+                 .toggle = number(Toggle),
+                 .enableA = number(EnableA),
+                 .enableB = number(EnableB),
+                 .writeA = number(WriteA),
+                 .writeB = number(WriteB)};
   text(Mode);
   number(WidthA);
   number(WidthB);
   row.megahertz = (megahertzOf(text(ClockA)) + megahertzOf(text(ClockB))) / 2;
   row.device = KVXETab::getDeviceName(uid);
-  KVXECell* volts = uid.getTab()->lookup<std::string>(&KVXETab::m_PowerTable, "VCCINT", &KVXETab::m_InternalRailColumn,
-                                                      &KVXETab::m_VoltageColumn, false);
+  KVXECell* volts = uid.getTab()->lookup<std::string>(
+      &KVXETab::m_PowerTable, "VCCINT", &KVXETab::m_InternalRailColumn, &KVXETab::m_VoltageColumn, false);
   volts->getVal(row.volts, true);
   const auto watts = static_cast<float>(calculatePower(row));
   cells->getCell(&Vccint)->setValAndMarkEngineClean(0.75f * watts);
@@ -88,7 +93,9 @@ void enter(KVXECell* cell, const T& value) {
   cell->setValueSource(KVXEEnums::ValueSource::USER);
 }
 
-constexpr float toggleOf(unsigned int row) { return 0.1f + 0.0001f * static_cast<float>(row); }
+constexpr float toggleOf(unsigned int row) {
+  return 0.1f + 0.0001f * static_cast<float>(row);
+}
 
 }  // namespace
 
@@ -134,17 +141,43 @@ KVXETable* BenchBook::makeStandIn(TabType type) {
       {.title = &Name, .type = CellType::STRING, .isEditable = true},
       {.title = &Count, .type = CellType::INT, .isEditable = true, .number = 4},
       {.title = &Mode, .type = CellType::STRING, .isEditable = true, .text = "BMEM36"},
-      {.title = &Toggle, .type = CellType::FLOAT, .isEditable = true, .unit = Unit::PERCENTAGE_SHOW, .number = 0.125},
-      {.title = &ClockA, .type = CellType::STRING, .isEditable = true, .formula = &KVXEClockTab::updateClockDropdown,
+      {.title = &Toggle,
+       .type = CellType::FLOAT,
+       .isEditable = true,
+       .unit = Unit::PERCENTAGE_SHOW,
+       .number = 0.125},
+      {.title = &ClockA,
+       .type = CellType::STRING,
+       .isEditable = true,
+       .formula = &KVXEClockTab::updateClockDropdown,
        .isDropdown = true},
-      {.title = &EnableA, .type = CellType::FLOAT, .isEditable = true, .unit = Unit::PERCENTAGE_SHOW, .number = 0.25},
+      {.title = &EnableA,
+       .type = CellType::FLOAT,
+       .isEditable = true,
+       .unit = Unit::PERCENTAGE_SHOW,
+       .number = 0.25},
       {.title = &WidthA, .type = CellType::INT, .isEditable = true, .number = 36},
-      {.title = &WriteA, .type = CellType::FLOAT, .isEditable = true, .unit = Unit::PERCENTAGE_SHOW, .number = 0.5},
-      {.title = &ClockB, .type = CellType::STRING, .isEditable = true, .formula = &KVXEClockTab::updateClockDropdown,
+      {.title = &WriteA,
+       .type = CellType::FLOAT,
+       .isEditable = true,
+       .unit = Unit::PERCENTAGE_SHOW,
+       .number = 0.5},
+      {.title = &ClockB,
+       .type = CellType::STRING,
+       .isEditable = true,
+       .formula = &KVXEClockTab::updateClockDropdown,
        .isDropdown = true},
-      {.title = &EnableB, .type = CellType::FLOAT, .isEditable = true, .unit = Unit::PERCENTAGE_SHOW, .number = 0.25},
+      {.title = &EnableB,
+       .type = CellType::FLOAT,
+       .isEditable = true,
+       .unit = Unit::PERCENTAGE_SHOW,
+       .number = 0.25},
       {.title = &WidthB, .type = CellType::INT, .isEditable = true, .number = 36},
-      {.title = &WriteB, .type = CellType::FLOAT, .isEditable = true, .unit = Unit::PERCENTAGE_SHOW, .number = 0.5},
+      {.title = &WriteB,
+       .type = CellType::FLOAT,
+       .isEditable = true,
+       .unit = Unit::PERCENTAGE_SHOW,
+       .number = 0.5},
       {.title = &Vccint, .type = CellType::FLOAT, .formula = &updateStandInRow, .unit = Unit::POWER_SHOW},
       {.title = &Vccram, .type = CellType::FLOAT, .formula = &updateStandInRow, .unit = Unit::POWER_SHOW},
       {.title = &Power, .type = CellType::FLOAT, .formula = &updateStandInRow, .unit = Unit::POWER_SHOW},
@@ -184,8 +217,8 @@ KVXECell* BenchBook::getVccint() const {
 
 KVXECell* BenchBook::getAmbient() const {
   return KVXEBookMgr::getGlobal().getCurrentBook()->lookup<std::string>(
-      TabType::SUMMARY, &KVXESummaryTab::m_envTableHeader, "Ambient Temperature", &KVXESummaryTab::m_envTypeColumn,
-      &KVXESummaryTab::m_envValColumn, false);
+      TabType::SUMMARY, &KVXESummaryTab::m_envTableHeader, "Ambient Temperature",
+      &KVXESummaryTab::m_envTypeColumn, &KVXESummaryTab::m_envValColumn, false);
 }
 
 void BenchBook::settle() {
@@ -210,8 +243,15 @@ double BenchBook::evaluateStraight() const {
   getVccint()->getVal(volts, false);
   for (unsigned int i = 1; i <= m_rows; ++i) {
     const float megahertz = 100.0f + 10.0f * static_cast<float>(i % Clocks + 1);
-    const StandInRow row{.count = 4, .toggle = toggleOf(i), .enableA = 0.25f, .enableB = 0.25f, .writeA = 0.5f,
-                         .writeB = 0.5f, .megahertz = megahertz, .volts = volts, .device = device};
+    const StandInRow row{.count = 4,
+                         .toggle = toggleOf(i),
+                         .enableA = 0.25f,
+                         .enableB = 0.25f,
+                         .writeA = 0.5f,
+                         .writeB = 0.5f,
+                         .megahertz = megahertz,
+                         .volts = volts,
+                         .device = device};
     for (int table = 0; table < 3; ++table) watts += calculatePower(row);
     KVXMTarvekCleLogicParams logic;
     logic[KVXMTarvekCleLogicParams::StringEnum::DEVICE] = device;

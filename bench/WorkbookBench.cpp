@@ -1,7 +1,7 @@
 // The cost of building, calculating and editing the workbook of a large estimate.
 //
-// Each edit alternates between two values, so that every run has work to do. The argument is the number of rows
-// of each of the four configuration tables.
+// Each edit alternates between two values, so that every run has work to do. The argument is the number of
+// rows of each of the four configuration tables.
 
 #include <benchmark/benchmark.h>
 #include <malloc.h>

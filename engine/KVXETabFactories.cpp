@@ -7,7 +7,8 @@
 #include "engine/tarvek/KVXETarvekTabFactory.h"
 
 std::unique_ptr<KVXETabFactory> KVXETabFactory::createFor(const std::string& archName, KVXEBook* book) {
-  if (archName == KVXEPartSelection::m_somVisionArchName) return std::make_unique<KVXESomMorlanTabFactory>(book);
+  if (archName == KVXEPartSelection::m_somVisionArchName)
+    return std::make_unique<KVXESomMorlanTabFactory>(book);
   if (archName == KVXEPartSelection::m_morlanArchName) return std::make_unique<KVXEMorlanTabFactory>(book);
   return std::make_unique<KVXETarvekTabFactory>(book);
 }

@@ -47,13 +47,14 @@ int lineOfNamelessSection(std::string_view text) {
   return 0;
 }
 
-/// The first line with more dots than a key of these files could have, or 0. The parser's tables nest as deep as a
-/// dotted key and are destroyed by recursion, so a key of a hundred thousand dots would end the process.
+/// The first line with more dots than a key of these files could have, or 0. The parser's tables nest as deep
+/// as a dotted key and are destroyed by recursion, so a key of a hundred thousand dots would end the process.
 int lineOfEndlessKey(std::string_view text) {
   constexpr std::ptrdiff_t mostDots = 200;
   for (int number = 1; !text.empty(); ++number) {
     const std::size_t end = std::min(text.find('\n'), text.size());
-    if (std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(end), '.') > mostDots) return number;
+    if (std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(end), '.') > mostDots)
+      return number;
     text.remove_prefix(std::min(end + 1, text.size()));
   }
   return 0;

@@ -7,7 +7,8 @@
 /// Catches what the engine prints while it lives.
 class Captured {
  public:
-  explicit Captured(std::ostream& stream = std::cout) : m_stream(stream), m_before(stream.rdbuf(m_text.rdbuf())) {}
+  explicit Captured(std::ostream& stream = std::cout)
+      : m_stream(stream), m_before(stream.rdbuf(m_text.rdbuf())) {}
   ~Captured() { m_stream.rdbuf(m_before); }
   Captured(const Captured&) = delete;
   Captured& operator=(const Captured&) = delete;

@@ -26,8 +26,8 @@ class DeviceBook {
   KVXEBook* book() const { return KVXEBookMgr::getGlobal().getCurrentBook(); }
   KVXETable* table(KVXEEnums::TabType type, const std::string& name) const;
   /// The cell of the first row whose `key` column reads `row`; fails the test when there is none.
-  KVXECell* cell(KVXEEnums::TabType type, const KVXETitle& table, const std::string& row, const KVXETitle& key,
-                 const KVXETitle& value) const;
+  KVXECell* cell(KVXEEnums::TabType type, const KVXETitle& table, const std::string& row,
+                 const KVXETitle& key, const KVXETitle& value) const;
 
   template <class T>
   void put(KVXECell* cell, const T& value) {
@@ -41,7 +41,8 @@ class DeviceBook {
   }
   /// Calculates in full; what follows is incremental.
   void settle();
-  /// Cuts every table that the user may edit to `rows` data rows, so that a test that verifies often stays quick.
+  /// Cuts every table that the user may edit to `rows` data rows, so that a test that verifies often stays
+  /// quick.
   void trim(unsigned int rows);
 
   static std::vector<std::string> architectures();

@@ -33,7 +33,8 @@ class TinyBook : public ::testing::Test {
     calculate();
   }
   void calculate();
-  /// Calculates in full and tells the states that the front end has everything, so that edits are incremental.
+  /// Calculates in full and tells the states that the front end has everything, so that edits are
+  /// incremental.
   void settle();
   void checkInvariants();
 
@@ -58,7 +59,9 @@ class EventLog : public KVXECalculationObserver {
   ~EventLog() override { KVXECalculationMgr::getGlobal().setObserver(nullptr); }
 
   void onBeginEvaluation(KVXECell* cell) override { runs.push_back(nameOf(cell)); }
-  void onEdgeLearned(KVXECell* from, KVXECell* to) override { edges.push_back(nameOf(from) + ">" + nameOf(to)); }
+  void onEdgeLearned(KVXECell* from, KVXECell* to) override {
+    edges.push_back(nameOf(from) + ">" + nameOf(to));
+  }
   void onMarkedDirty(KVXECell* cell, KVXECell* cause) override {
     dirtied.push_back(nameOf(cell) + (cause ? " by " + nameOf(cause) : ""));
   }

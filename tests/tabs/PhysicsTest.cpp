@@ -36,7 +36,9 @@ class PhysicsTest : public ::testing::TestWithParam<std::string> {
   void setAmbient(float celsius) {
     book.edit(environment(Summary::m_AmbientTempStr, Summary::m_envValColumn), celsius);
   }
-  void setThetaJa(float theta) { book.edit(environment(Summary::m_thetaJaStr, Summary::m_envValColumn), theta); }
+  void setThetaJa(float theta) {
+    book.edit(environment(Summary::m_thetaJaStr, Summary::m_envValColumn), theta);
+  }
 
   void design(float frequencyFactor) {
     KVXETable* clocks = book.book()->getTable(TabType::CLOCK, &KVXEClockTab::m_ClockConfigTable);
@@ -65,8 +67,8 @@ class PhysicsTest : public ::testing::TestWithParam<std::string> {
   float totalPower() { return Summary::getFpgaTotalPower(uid()); }
   float junction() { return Summary::getCalculatedJunctionTemp(uid()); }
   KVXECell* voltage(const std::string& rail) {
-    return book.cell(TabType::POWER_DESIGN, KVXETab::m_powerSupplyTable, rail, KVXETab::m_internalSupplyColumn,
-                     KVXETab::m_voltageColumn);
+    return book.cell(TabType::POWER_DESIGN, KVXETab::m_powerSupplyTable, rail,
+                     KVXETab::m_internalSupplyColumn, KVXETab::m_voltageColumn);
   }
 
   DeviceBook book{GetParam()};
@@ -165,7 +167,8 @@ TEST_P(PhysicsTest, MaximumProcessLeaksMore) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Chips, PhysicsTest,
-                         ::testing::Values(KVXEPartSelection::m_arkeonArchName, KVXEPartSelection::m_morlanArchName),
+                         ::testing::Values(KVXEPartSelection::m_arkeonArchName,
+                                           KVXEPartSelection::m_morlanArchName),
                          [](const auto& param) { return param.param.substr(0, 6); });
 
 }  // namespace

@@ -1,4 +1,5 @@
-// Whatever a user does, in whatever order: what was calculated step by step equals what a full calculation gives.
+// Whatever a user does, in whatever order: what was calculated step by step equals what a full calculation
+// gives.
 
 #include "engine/base/calculation/KVXETableOperations.h"
 #include "tests/kit/Captured.h"
@@ -11,7 +12,8 @@ namespace {
 /// Random operations on a book, each one described so that a failure can be replayed by hand.
 class RandomUser {
  public:
-  RandomUser(DeviceBook& book, unsigned int seed, unsigned int rows) : m_book(book), m_state(seed), m_rows(rows) {}
+  RandomUser(DeviceBook& book, unsigned int seed, unsigned int rows)
+      : m_book(book), m_state(seed), m_rows(rows) {}
 
   std::string act() {
     const unsigned int dice = below(100);
@@ -73,9 +75,12 @@ class RandomUser {
     std::vector<std::string> list;
     if (cell->getDDVals(list)) return list[below(static_cast<unsigned int>(list.size()))];
     switch (cell->getCellType()) {
-      case CellType::INT: return std::to_string(below(2000));
-      case CellType::FLOAT: return std::to_string(below(200)) + "." + std::to_string(below(100));
-      default: return "n" + std::to_string(below(6));
+      case CellType::INT:
+        return std::to_string(below(2000));
+      case CellType::FLOAT:
+        return std::to_string(below(200)) + "." + std::to_string(below(100));
+      default:
+        return "n" + std::to_string(below(6));
     }
   }
 
@@ -142,7 +147,8 @@ TEST_P(RandomEdits, IncrementalEqualsFull) {
     history = (history + "\n" + std::to_string(step) + ": " + done);
     if (history.size() > 2000) history.erase(0, history.find('\n', history.size() - 2000));
     const Captured out;
-    ASSERT_TRUE(KVXECalculationMgr::getGlobal().verifyIncrVsFull()) << history << "\n" << out.text().substr(0, 3000);
+    ASSERT_TRUE(KVXECalculationMgr::getGlobal().verifyIncrVsFull()) << history << "\n"
+                                                                    << out.text().substr(0, 3000);
     KVXECellStateMgr::getGlobal().markGuiClean();
     ASSERT_EQ(KVXECalculationMgr::getGlobal().checkInvariants(), "") << history;
     ASSERT_EQ(KVXECellStateMgr::getGlobal().checkInvariants(), "") << history;

@@ -3,7 +3,7 @@
 /// How grave a message is. Warnings and errors raise the severity of the table and the tab they stand in.
 enum class KvxSeverity : int {
   NONE = 0,
-  INFO = 1,     ///< a plain message, such as a tool tip
+  INFO = 1,  ///< a plain message, such as a tool tip
   WARNING = 2,
   ERROR = 3,
   OTHER = 4,

@@ -166,7 +166,8 @@ std::string CppStateManager<Node, State>::checkInvariants() const {
     const State state = static_cast<State>(i);
     for (const auto& bundle : m_states[i].bundles) {
       if (!m_states[i].exists) return "a state without a list holds a bundle: " + KVXEEnums::nameOf(state);
-      if (bundle->getState() != state) return "a bundle is listed under another state: " + KVXEEnums::nameOf(state);
+      if (bundle->getState() != state)
+        return "a bundle is listed under another state: " + KVXEEnums::nameOf(state);
       for (const Node* node : bundle->getNodes())
         if (node->mp_state != bundle.get() || !bundle->holds(node))
           return "a node does not know its bundle in state " + KVXEEnums::nameOf(state);
