@@ -61,7 +61,7 @@ void KVXEMorlanClockTab::updateClockConfigPowerRow(const KVXEUID& uid) {
   const std::optional<ClockRow> clock = readClockRow(uid);
   if (!clock) return;
   KVXMMorlanClockParams params;
-  params[KVXMMorlanClockParams::StringEnum::DEVICE] = getDeviceName(uid);
+  params[KVXMMorlanClockParams::StringEnum::DEVICE] = kvxe::readDevice(uid);
   fillLoads(uid, *clock, params);
   fillActivity(*clock, params);
   KVXMMorlanClockModel::getGlobal().calculate(params);

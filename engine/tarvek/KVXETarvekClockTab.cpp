@@ -111,7 +111,7 @@ void KVXETarvekClockTab::updateClockConfigPowerRow(const KVXEUID& uid) {
   if (!kvxe::isInTable(uid, m_ClockConfigTable, "power of clocks")) return;
   const std::optional<ClockRow> clock = readClockRow(uid);
   if (!clock) return kvxe::blankResults(uid.getRow(), results);
-  const std::string device = getDeviceName(uid);
+  const std::string device = kvxe::readDevice(uid);
 
   KVXMTarvekClockParams loads;
   loads[KVXMTarvekClockParams::StringEnum::DEVICE] = device;

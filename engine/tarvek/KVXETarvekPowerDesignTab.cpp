@@ -19,10 +19,8 @@ constexpr float VoltageTolerance = std::numeric_limits<float>::epsilon();
 
 const char* const coldVoltageMsg =
     "Junction Temperature is currently set or calculated to 25C or less, to correctly estimate Total power "
-    "at this "
-    "temperature in a -2L I Device with DVS (Dynamic Voltage Scaling) set the VCCINT voltage to 0.725v, "
-    "adjust the "
-    "Nominal voltage to 0.725v in the Power Supply Design Table below";
+    "at this temperature in a -2L I Device with DVS (Dynamic Voltage Scaling) set the VCCINT voltage to "
+    "0.725v, adjust the Nominal voltage to 0.725v in the Power Supply Design Table below";
 
 }  // namespace
 

@@ -118,6 +118,20 @@ TEST_F(ClockTags, OutliveTheRowsOfTheClockTable) {
   EXPECT_EQ(tagOf(1), "100.000 MHz (sys)");
 }
 
+TEST_F(ClockTags, ForgetTheRowsThatWentBeforeTheListWasMade) {
+  addClock(3, "io", 50.0f);
+  addModule(4, "50.000 MHz (io)");
+  calculate();
+  const KVXETableOperations::Scope scope;
+  ASSERT_TRUE(clocks()->deleteRow(1));
+  EXPECT_EQ(static_cast<Clock*>(clockTab())->getClockTag("mem"), "200.000 MHz (mem)");
+  ASSERT_TRUE(clocks()->deleteRow(1));
+  put(clock(1, Clock::m_Name), std::string("pins"));
+  calculate();
+  EXPECT_EQ(tagOf(4), "50.000 MHz (pins)");
+  EXPECT_EQ(tagOf(2), "200.000 MHz (mem)");
+}
+
 TEST_F(ClockTags, LinkACellToTheOneClockThatItNames) {
   KVXECalculationMgr& mgr = KVXECalculationMgr::getGlobal();
   EXPECT_THAT(mgr.getDirectSources(module(1, Logic::m_Clock)), ElementsAre(clock(1, Clock::m_ClockTag)));

@@ -9,9 +9,9 @@
 #include "engine/base/tabs/KVXELogicTab.h"
 #include "engine/base/tabs/KVXEPowerDesignTab.h"
 #include "engine/base/tabs/KVXESummaryTab.h"
-#include "engine/base/workbook/KVXECellStateMgr.h"
 #include "engine/base/workbook/KVXEBook.h"
 #include "engine/base/workbook/KVXEBookMgr.h"
+#include "engine/base/workbook/KVXECellStateMgr.h"
 #include "engine/base/workbook/KVXERow.h"
 #include "engine/tarvek/KVXETarvekPowerDesignTab.h"
 #include "models/catalogue/DeviceCatalogue.h"
@@ -174,6 +174,8 @@ TEST_P(EveryPowerDesign, UserVoltagesStayUntilBlanked) {
   edit(cell, 1.5f);
   EXPECT_EQ(messageOf(cell), "<html>The Voltage value is out of valid range.</html>");
   EXPECT_EQ(cell->getSeverity(), KvxSeverity::ERROR);
+  edit(cell, -1.0f);
+  EXPECT_EQ(current("VCCRAM", KVXETab::m_staticCurrentColumn), 0.0f);
   edit(cell, std::numeric_limits<float>::max());
   EXPECT_EQ(PowerDesign::getVoltage(uid(), "VCCRAM"), nominal);
   EXPECT_EQ(current("VCCRAM", KVXETab::m_staticCurrentColumn), before);

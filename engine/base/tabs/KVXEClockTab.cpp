@@ -1,11 +1,13 @@
 #include "engine/base/tabs/KVXEClockTab.h"
 
+#include <algorithm>
 #include <cmath>
 #include <iostream>
 
 #include "engine/base/services/KVXEParamControlMgr.h"
 #include "engine/base/tabs/KVXELogicTab.h"
 #include "engine/base/tabs/KVXERowReading.h"
+#include "engine/base/workbook/KVXEHeaderRow.h"
 #include "engine/base/workbook/KVXERow.h"
 #include "models/common/KVXMHelperUtils.h"
 
@@ -17,98 +19,114 @@ using KVXEEnums::Visibility;
 
 // Tables.
 
+namespace {
+
+using Tab = KVXEClockTab;
+
+const char* const clockSources[] = {"External", "Internal"};
+
+// What the architectures differ in is assigned when the table is made.
+const KVXEColumn clockColumns[] = {
+    {.title = &Tab::m_Name,
+     .type = STRING,
+     .isEditable = true,
+     .toolTip = "<html>The name of this clock.\nProviding a name is mandatory, as other tabs refer to the "
+                "clock by its name and frequency.</html>"},
+    {.title = &Tab::m_Source,
+     .type = STRING,
+     .isEditable = true,
+     .isDropdown = true,
+     .entries = clockSources,
+     .toolTip = "<html>Select the source of the clock:\nUse External for IO driven clocks.\nUser Internal "
+                "for clocks driven by some instance.\nIn case of a Clock Manager output clock, the field "
+                "will be auto populated.</html>"},
+    {.title = &Tab::m_ClockFreq,
+     .type = FLOAT,
+     .isEditable = true,
+     .formula = &Tab::clockFreqChanged,
+     .unit = Unit::FREQUENCY_HIDE,
+     .minimum = 0,
+     .toolTip = "<html>The frequency of this clock (MHz).</html>"},
+    {.title = &Tab::m_Fanout,
+     .type = INT,
+     .isEditable = true,
+     .minimum = 0,
+     .toolTip = "<html>The number of loads that this clock drives: registers, memories, DSPs and IOs.\nA "
+                "clock without loads has no power.</html>"},
+    {.title = &Tab::m_FanoutPerSite,
+     .type = FLOAT,
+     .isEditable = true,
+     .number = Tab::DefaultFanoutPerSite,
+     .minimum = 0,
+     .toolTip = "<html>The average number of registers of this clock that share a site.\nThe fuller the "
+                "device, the more share one; a value entered here stands.</html>"},
+    {.title = &Tab::m_ClkBufEnable,
+     .type = FLOAT,
+     .isEditable = true,
+     .unit = Unit::PERCENTAGE_SHOW,
+     .number = 1.0,
+     .minimum = 0,
+     .maximum = 1,
+     .toolTip =
+         "<html>The percentage of the time that the buffer which drives this clock is enabled.</html>"},
+    {.title = &Tab::m_SliceClkEnable,
+     .type = FLOAT,
+     .isEditable = true,
+     .unit = Unit::PERCENTAGE_SHOW,
+     .number = 0.5,
+     .minimum = 0,
+     .maximum = 1,
+     .toolTip = "<html>The average percentage of the time that the clock is enabled at the slices:\n100% - "
+                "(%_FFs_with_CE * %disabled), where %_FFs_with_CE is the percentage of flip-flops that have "
+                "a clock enable\nand %disabled the percentage of the time that it is off.</html>"},
+    {.title = &Tab::m_VccintPwr,
+     .type = FLOAT,
+     .unit = Unit::POWER_SHOW,
+     .toolTip = "Power that this clock draws from the core supply.",
+     .visibility = Visibility::INTERNAL},
+    {.title = &Tab::m_VccramPwr,
+     .type = FLOAT,
+     .unit = Unit::POWER_SHOW,
+     .toolTip = "Power that this clock draws from the supply of the memories.",
+     .visibility = Visibility::INTERNAL},
+    {.title = &Tab::m_Power,
+     .type = FLOAT,
+     .unit = Unit::POWER_SHOW,
+     .toolTip = "<html>The power of distributing this clock to its loads.</html>"},
+    {.title = &Tab::m_UserComments, .type = STRING, .isEditable = true, .toolTip = "Any text of your own."},
+    {.title = &Tab::m_ClockMgr,
+     .type = STRING,
+     .toolTip = "The clock managers that this clock is connected to.",
+     .visibility = Visibility::INTERNAL},
+    {.title = &Tab::m_ClockTag,
+     .type = STRING,
+     .formula = &Tab::updateClockTagRow,
+     .toolTip = "The text by which other tabs refer to this clock.",
+     .visibility = Visibility::INTERNAL},
+};
+
+const KVXEColumn clockTagColumns[] = {
+    {.title = &Tab::m_TagCount,
+     .type = INT,
+     .formula = &Tab::updateClockTagList,
+     .toolTip = "Clocks that can be referred to."},
+    {.title = &Tab::m_ClockColumnCount,
+     .type = INT,
+     .formula = &Tab::updateClockDropdownLists,
+     .toolTip = "Columns of this book that offer the clocks."},
+};
+
+}  // namespace
+
 void KVXEClockTab::initClockConfigTable(const ClockFormulas& formulas) {
-  static const char* const sources[] = {m_ExternalStr.c_str(), m_InternalStr.c_str()};
-  const KVXEColumn columns[] = {
-      {.title = &m_Name,
-       .type = STRING,
-       .isEditable = true,
-       .formula = formulas.name,
-       .toolTip = "<html>The name of this clock.\nProviding a name is mandatory, as other tabs refer to the "
-                  "clock by "
-                  "its name and frequency.</html>"},
-      {.title = &m_Source,
-       .type = STRING,
-       .isEditable = true,
-       .isDropdown = true,
-       .entries = sources,
-       .toolTip = "<html>Select the source of the clock:\nUse External for IO driven clocks.\nUser Internal "
-                  "for clocks "
-                  "driven by some instance.\nIn case of a Clock Manager output clock, the field will be auto "
-                  "populated.</html>"},
-      {.title = &m_ClockFreq,
-       .type = FLOAT,
-       .isEditable = true,
-       .formula = &clockFreqChanged,
-       .unit = Unit::FREQUENCY_HIDE,
-       .minimum = 0,
-       .toolTip = "<html>The frequency of this clock (MHz).</html>"},
-      {.title = &m_Fanout,
-       .type = INT,
-       .isEditable = true,
-       .minimum = 0,
-       .toolTip =
-           "<html>The number of loads that this clock drives: registers, memories, DSPs and IOs.\nA clock "
-           "without loads has no power.</html>"},
-      {.title = &m_FanoutPerSite,
-       .type = FLOAT,
-       .isEditable = true,
-       .formula = formulas.fanoutPerSite,
-       .number = DefaultFanoutPerSite,
-       .minimum = 0,
-       .toolTip = "<html>The average number of registers of this clock that share a site.\nThe fuller the "
-                  "device, the "
-                  "more share one; a value entered here stands.</html>"},
-      {.title = &m_ClkBufEnable,
-       .type = FLOAT,
-       .isEditable = true,
-       .unit = Unit::PERCENTAGE_SHOW,
-       .number = 1.0,
-       .minimum = 0,
-       .maximum = 1,
-       .toolTip =
-           "<html>The percentage of the time that the buffer which drives this clock is enabled.</html>"},
-      {.title = &m_SliceClkEnable,
-       .type = FLOAT,
-       .isEditable = true,
-       .unit = Unit::PERCENTAGE_SHOW,
-       .number = 0.5,
-       .minimum = 0,
-       .maximum = 1,
-       .toolTip = "<html>The average percentage of the time that the clock is enabled at the slices:\n"
-                  "100% - (%_FFs_with_CE * %disabled), where %_FFs_with_CE is the percentage of flip-flops "
-                  "that have "
-                  "a clock enable\nand %disabled the percentage of the time that it is off.</html>"},
-      {.title = &m_VccintPwr,
-       .type = FLOAT,
-       .formula = formulas.power,
-       .unit = Unit::POWER_SHOW,
-       .toolTip = "Power that this clock draws from the core supply.",
-       .visibility = Visibility::INTERNAL},
-      {.title = &m_VccramPwr,
-       .type = FLOAT,
-       .formula = formulas.power,
-       .unit = Unit::POWER_SHOW,
-       .toolTip = "Power that this clock draws from the supply of the memories.",
-       .visibility = Visibility::INTERNAL},
-      {.title = &m_Power,
-       .type = FLOAT,
-       .formula = formulas.power,
-       .unit = Unit::POWER_SHOW,
-       .toolTip = "<html>The power of distributing this clock to its loads.</html>"},
-      {.title = &m_UserComments, .type = STRING, .isEditable = true, .toolTip = "Any text of your own."},
-      {.title = &m_ClockMgr,
-       .type = STRING,
-       .toolTip = "The clock managers that this clock is connected to.",
-       .visibility = Visibility::INTERNAL},
-      {.title = &m_ClockTag,
-       .type = STRING,
-       .formula = &updateClockTagRow,
-       .toolTip = "The text by which other tabs refer to this clock.",
-       .visibility = Visibility::INTERNAL},
-  };
   KVXETable* table = createTable(&m_ClockConfigTable, true, false, true, GridComponentType::TABLE);
-  table->addColumns(columns);
+  table->addColumns(clockColumns);
+  const auto assign = [table](const KVXETitle& column, KVXEFormula formula) {
+    table->getHeaderRow()->getDefaultCell(&column)->assignFormula(formula);
+  };
+  assign(m_Name, formulas.name);
+  assign(m_FanoutPerSite, formulas.fanoutPerSite);
+  for (const KVXETitle* result : {&m_VccintPwr, &m_VccramPwr, &m_Power}) assign(*result, formulas.power);
   table->setTabWidgetTitle("Clock");
   table->setPilotColumnTitle(&m_Name);
   table->setHasTableEditingFeatures(true);
@@ -116,18 +134,8 @@ void KVXEClockTab::initClockConfigTable(const ClockFormulas& formulas) {
 }
 
 void KVXEClockTab::initClockTagTable() {
-  static const KVXEColumn columns[] = {
-      {.title = &m_TagCount,
-       .type = INT,
-       .formula = &updateClockTagList,
-       .toolTip = "Clocks that can be referred to."},
-      {.title = &m_ClockColumnCount,
-       .type = INT,
-       .formula = &updateClockDropdownLists,
-       .toolTip = "Columns of this book that offer the clocks."},
-  };
   KVXETable* table = createTable(&m_ClockTagTable, false, false, true, GridComponentType::TABLE);
-  table->addColumns(columns);
+  table->addColumns(clockTagColumns);
   table->setVisibility(Visibility::ALWAYS_HIDDEN);
   table->getOrCreateRow(1);
 }
@@ -163,15 +171,16 @@ int availableRegions() {
 /// The regions that a design occupies are the share of the device that its logic fills, rounded up: placement
 /// keeps a design together, and a region is clocked or not.
 KVXEClockTab::DesignUse KVXEClockTab::readDesignUse(const KVXEUID& uid) {
+  constexpr float MostUsed = 1e9f;  // an int holds it; counts are sums of what users enter
   const auto used = [&](TabType tab, const std::string& type) {
-    return static_cast<int>(std::min(kvxe::readUsedCount(uid, tab, type), 1e9f));
+    return static_cast<int>(std::clamp(kvxe::readUsedCount(uid, tab, type), 0.0f, MostUsed));
   };
   const auto share = [&](const std::string& type) {
     return kvxe::readUtilization(uid, TabType::LOGIC, type);
   };
   const float filled = std::max(share(KVXELogicTab::m_RegistersStr), share(KVXELogicTab::m_LutsStr));
   const float regions = static_cast<float>(availableRegions());
-  return {.regions = static_cast<int>(std::ceil(std::min(filled, 1.0f) * regions)),
+  return {.regions = static_cast<int>(std::ceil(std::clamp(filled, 0.0f, 1.0f) * regions)),
           .registers = used(TabType::LOGIC, KVXELogicTab::m_RegistersStr),
           .blockRams = used(TabType::BRAM, "BRAM"),
           .wideRams = used(TabType::WRAM, "WRAM"),

@@ -30,7 +30,6 @@ class KVXEClockTab : public KVXETab {
   static const KVXETitle m_ClockTagTable, m_TagCount, m_ClockColumnCount;  // hidden, one row
 
   static const std::string m_FsynStr, m_PllStr, m_DpllStr, m_IopllStr, m_Y7PllStr, m_ClockStr;
-  static const std::string m_ExternalStr, m_InternalStr;
 
   /// Fanout per site of a design that hardly fills the device.
   static constexpr float DefaultFanoutPerSite = 6.5f;
@@ -133,12 +132,12 @@ class KVXEClockTab : public KVXETab {
   }
 
  private:
-  /// The first row that holds a tag, and how many rows do.
   /// A tag that was made anew, changed or not.
   struct TagChange {
     std::string from, to;
-    KVXECell* cell;  ///< the tag's
+    const KVXECell* cell;  ///< the tag's, to tell it by: it may be gone with its row
   };
+  /// The first row that holds a tag, and how many rows do.
   struct TagRows {
     unsigned int first = 0;
     unsigned int count = 0;
@@ -166,6 +165,6 @@ class KVXEClockTab : public KVXETab {
   void refreshTagIndex();
 
   TagIndex m_tagRows;
-  std::vector<std::string> m_tags;                                // distinct, in the order of the rows
+  std::vector<std::string> m_tags;      // distinct, in the order of the rows
   std::vector<TagChange> m_tagChanges;  // since the index was made
 };

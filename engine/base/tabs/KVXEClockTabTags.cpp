@@ -1,6 +1,9 @@
 // Clock tags: how they come about, reach the drop-down lists of other tabs, and follow a clock that is
 // renamed.
 
+#include <algorithm>
+#include <boost/unordered/unordered_flat_set.hpp>
+
 #include "engine/base/calculation/KVXECalculationMgr.h"
 #include "engine/base/config/ClockTag.h"
 #include "engine/base/tabs/KVXEClockTab.h"
@@ -48,8 +51,8 @@ void forEachClockColumn(KVXEBook* book, Visit visit) {
   }
 }
 
-/// Puts a text into a cell as if its owner had chosen it: the source of the value stays, and what depends on the cell
-/// follows. A cell that is still dirty comes up later in this round, and so does all that reads it.
+/// Puts a text into a cell as if its owner had chosen it: the source of the value stays, and what depends on
+/// the cell follows. A cell that is still dirty comes up later in this round, and so does all that reads it.
 void carryInto(KVXECell* cell, const std::string& text) {
   const KVXEEnums::ValueSource source = cell->getValueSource();
   const bool isYetToCome = !cell->isEngineClean();
@@ -125,16 +128,22 @@ KVXEClockTab::Renames KVXEClockTab::findRenames(const std::vector<TagChange>& ch
   return renames;
 }
 
-/// The cells of clock columns that may hold one of the old tags: while the graph holds, those that read a tag cell which
-/// was made anew (rows may have moved, so the one that changed is not always the one that was read); while the graph is
-/// learned, all there are.
+/// The cells of clock columns that may hold one of the old tags: while the graph holds, those that read a tag
+/// cell which was made anew (rows may have moved, so the one that changed is not always the one that was
+/// read); while the graph is learned, all there are.
 std::vector<KVXECell*> KVXEClockTab::cellsThatMayName(const std::vector<TagChange>& changes) {
   std::vector<KVXECell*> cells;
   KVXECalculationMgr& calculation = KVXECalculationMgr::getGlobal();
   if (calculation.getIsIncremental()) {
-    for (const TagChange& change : changes)
-      for (KVXECell* cell : calculation.getDirectDependents(change.cell))
+    boost::unordered_flat_set<const KVXECell*> made;
+    for (const TagChange& change : changes) made.insert(change.cell);
+    const KVXETable* table = getTable(&m_ClockConfigTable);
+    for (unsigned int i = 1; i < table->getRowCount(); ++i) {
+      KVXECell* tag = table->getCellAt(i, &m_ClockTag);
+      if (!made.contains(tag)) continue;
+      for (KVXECell* cell : calculation.getDirectDependents(tag))
         if (cell->getFormula() == &updateClockDropdown) cells.push_back(cell);
+    }
     std::sort(cells.begin(), cells.end());
     cells.erase(std::unique(cells.begin(), cells.end()), cells.end());
     return cells;

@@ -33,5 +33,3 @@ const std::string KVXEClockTab::m_DpllStr = "DPLL";
 const std::string KVXEClockTab::m_IopllStr = "IOPLL";
 const std::string KVXEClockTab::m_Y7PllStr = "Y7PLL";
 const std::string KVXEClockTab::m_ClockStr = "Clock";
-const std::string KVXEClockTab::m_ExternalStr = "External";
-const std::string KVXEClockTab::m_InternalStr = "Internal";

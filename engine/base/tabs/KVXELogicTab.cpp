@@ -5,6 +5,7 @@
 #include "engine/base/tabs/KVXEClockTab.h"
 #include "engine/base/tabs/KVXERowReading.h"
 #include "engine/base/tabs/KVXEUtilization.h"
+#include "engine/base/workbook/KVXEHeaderRow.h"
 #include "engine/base/workbook/KVXERow.h"
 
 using enum KVXEEnums::CellType;
@@ -36,12 +37,68 @@ const std::string KVXELogicTab::m_DistributedRamsStr = "Distributed RAMs";
 
 namespace {
 
+using Tab = KVXELogicTab;
+
 constexpr float DefaultToggleRate = 0.125f;
 constexpr float DefaultRoutingComplexity = 10.0f;
 
 KVXEColumn countColumn(const KVXETitle& title, const char* toolTip) {
   return {.title = &title, .type = INT, .isEditable = true, .minimum = 0, .toolTip = toolTip};
 }
+
+// The formulas of the last two are the architecture's.
+const KVXEColumn logicColumns[] = {
+    {.title = &Tab::m_Name,
+     .type = STRING,
+     .isEditable = true,
+     .toolTip = "<html>The name of this module.</html>"},
+    {.title = &Tab::m_Clock,
+     .type = STRING,
+     .isEditable = true,
+     .formula = &KVXEClockTab::updateClockDropdown,
+     .isDropdown = true,
+     .toolTip = "<html>The clock of this module, from the clock tab.\nA module without a clock has no "
+                "dynamic power.</html>"},
+    countColumn(Tab::m_LutAsLogic, "<html>The number of LUTs that this module uses as logic.</html>"),
+    countColumn(Tab::m_LutAsSRL, "<html>The number of LUTs that this module uses as shift registers.</html>"),
+    countColumn(Tab::m_LutAsDRAM,
+                "<html>The number of LUTs that this module uses as distributed RAMs.</html>"),
+    countColumn(Tab::m_Registers, "<html>The number of registers that this module uses.</html>"),
+    {.title = &Tab::m_ToggleRate,
+     .type = FLOAT,
+     .isEditable = true,
+     .unit = Unit::PERCENTAGE_SHOW,
+     .number = DefaultToggleRate,
+     .minimum = 0,
+     .maximum = 2,
+     .toolTip =
+         "<html>The rate at which the outputs of this module switch, relative to the clock.\n100% is one "
+         "transition in each clock cycle; most logic lies below 25%, a free running toggle at 100%.</html>"},
+    {.title = &Tab::m_RoutingComplexity,
+     .type = FLOAT,
+     .isEditable = true,
+     .number = DefaultRoutingComplexity,
+     .minimum = 0,
+     .toolTip = "<html>How much interconnect the nets of this module need on average:\n10 is medium, 12 is "
+                "high.</html>"},
+    {.title = &Tab::m_VccintPower,
+     .type = FLOAT,
+     .formula = &Tab::updateVccintPowerRow,
+     .unit = Unit::POWER_SHOW,
+     .toolTip =
+         "<html>The power that this module draws from the core supply: its logic and its signals.</html>"},
+    {.title = &Tab::m_UserComments, .type = STRING, .isEditable = true, .toolTip = "Any text of your own."},
+    {.title = &Tab::m_LogicPower,
+     .type = FLOAT,
+     .unit = Unit::POWER_SHOW,
+     .toolTip = "Power inside the LUTs and registers.",
+     .visibility = Visibility::INTERNAL},
+    {.title = &Tab::m_SignalPower,
+     .type = FLOAT,
+     .unit = Unit::POWER_SHOW,
+     .toolTip = "Power of the nets that the LUTs and registers drive.",
+     .visibility = Visibility::INTERNAL},
+};
 
 }  // namespace
 
@@ -53,63 +110,10 @@ void KVXELogicTab::initTables(KVXEFormula logicPower, KVXEFormula signalPower) {
 }
 
 void KVXELogicTab::initLogicConfigTable(KVXEFormula logicPower, KVXEFormula signalPower) {
-  const KVXEColumn columns[] = {
-      {.title = &m_Name,
-       .type = STRING,
-       .isEditable = true,
-       .toolTip = "<html>The name of this module.</html>"},
-      {.title = &m_Clock,
-       .type = STRING,
-       .isEditable = true,
-       .formula = &KVXEClockTab::updateClockDropdown,
-       .isDropdown = true,
-       .toolTip =
-           "<html>The clock of this module, from the clock tab.\nA module without a clock has no dynamic "
-           "power.</html>"},
-      countColumn(m_LutAsLogic, "<html>The number of LUTs that this module uses as logic.</html>"),
-      countColumn(m_LutAsSRL, "<html>The number of LUTs that this module uses as shift registers.</html>"),
-      countColumn(m_LutAsDRAM, "<html>The number of LUTs that this module uses as distributed RAMs.</html>"),
-      countColumn(m_Registers, "<html>The number of registers that this module uses.</html>"),
-      {.title = &m_ToggleRate,
-       .type = FLOAT,
-       .isEditable = true,
-       .unit = Unit::PERCENTAGE_SHOW,
-       .number = DefaultToggleRate,
-       .minimum = 0,
-       .maximum = 2,
-       .toolTip =
-           "<html>The rate at which the outputs of this module switch, relative to the clock.\n100% is one "
-           "transition in each clock cycle; most logic lies below 25%, a free running toggle at "
-           "100%.</html>"},
-      {.title = &m_RoutingComplexity,
-       .type = FLOAT,
-       .isEditable = true,
-       .number = DefaultRoutingComplexity,
-       .minimum = 0,
-       .toolTip = "<html>How much interconnect the nets of this module need on average:\n10 is medium, 12 is "
-                  "high.</html>"},
-      {.title = &m_VccintPower,
-       .type = FLOAT,
-       .formula = &updateVccintPowerRow,
-       .unit = Unit::POWER_SHOW,
-       .toolTip =
-           "<html>The power that this module draws from the core supply: its logic and its signals.</html>"},
-      {.title = &m_UserComments, .type = STRING, .isEditable = true, .toolTip = "Any text of your own."},
-      {.title = &m_LogicPower,
-       .type = FLOAT,
-       .formula = logicPower,
-       .unit = Unit::POWER_SHOW,
-       .toolTip = "Power inside the LUTs and registers.",
-       .visibility = Visibility::INTERNAL},
-      {.title = &m_SignalPower,
-       .type = FLOAT,
-       .formula = signalPower,
-       .unit = Unit::POWER_SHOW,
-       .toolTip = "Power of the nets that the LUTs and registers drive.",
-       .visibility = Visibility::INTERNAL},
-  };
   KVXETable* table = createTable(&m_LogicConfigTable, true, false, true, GridComponentType::TABLE);
-  table->addColumns(columns);
+  table->addColumns(logicColumns);
+  table->getHeaderRow()->getDefaultCell(&m_LogicPower)->assignFormula(logicPower);
+  table->getHeaderRow()->getDefaultCell(&m_SignalPower)->assignFormula(signalPower);
   table->setTabWidgetTitle("Logic");
   table->setPilotColumnTitle(&m_Name);
   table->setHasTableEditingFeatures(true);

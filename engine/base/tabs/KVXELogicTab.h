@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "engine/base/tabs/KVXERowReading.h"
 #include "engine/base/workbook/KVXETab.h"
 
 /// The tab of the design's logic: LUTs in their three uses, and registers, one design module per row.
@@ -47,7 +48,7 @@ class KVXELogicTab : public KVXETab {
   static void fillLogic(const KVXEUID& uid, const LogicRow& use, Params& params) {
     using I = typename Params::IntEnum;
     using F = typename Params::FloatEnum;
-    params[Params::StringEnum::DEVICE] = getDeviceName(uid);
+    params[Params::StringEnum::DEVICE] = kvxe::readDevice(uid);
     params[I::LUT_LOGIC] = use.luts;
     params[I::LUT_SRL] = use.shiftRegisters;
     params[I::LUT_RAM] = use.distributedRams;

@@ -168,8 +168,8 @@ void KVXEPowerDesignTab::updateVoltage(const KVXEUID& uid) {
   if (nominal == 0.0f) return;
   const float minimum = kvxe::readNumber(uid.getRow(), m_minVoltageColumn, 0.0f);
   const float maximum = kvxe::readNumber(uid.getRow(), m_maxVoltageColumn, 0.0f);
-  if (minimum > 0.0f && maximum > 0.0f && (volts < minimum || volts > maximum))
-    cell->setMsg(KvxSeverity::ERROR, outOfRangeMsg);
+  const bool isInRange = volts >= minimum && volts <= maximum;
+  if (minimum > 0.0f && maximum > 0.0f && !isInRange) cell->setMsg(KvxSeverity::ERROR, outOfRangeMsg);
   tabOf(uid)->checkVoltage(uid, rail, volts);
 }
 
@@ -192,9 +192,9 @@ void KVXEPowerDesignTab::updateStepLoad(const KVXEUID& uid) {
 
 // Currents.
 
-/// Fills one column of currents for all rails from a single run of the static model at a temperature: the cells of the
-/// column share their formula, and whichever is evaluated first writes them all. `shown` says what a row shows of the
-/// current that its rail leaks; nothing leaves its cell blank.
+/// Fills one column of currents for all rails from a single run of the static model at a temperature: the
+/// cells of the column share their formula, and whichever is evaluated first writes them all. `shown` says
+/// what a row shows of the current that its rail leaks; nothing leaves its cell blank.
 void KVXEPowerDesignTab::writeLeakageCurrents(const KVXEUID& uid, const KVXETitle& column, float celsius,
                                               std::optional<float> (*shown)(KVXERow* row, float amperes)) {
   const KVXEPowerDesignTab* tab = tabOf(uid);
@@ -208,7 +208,8 @@ void KVXEPowerDesignTab::writeLeakageCurrents(const KVXEUID& uid, const KVXETitl
   for (unsigned int i = 1; i < uid.getTable()->getRowCount(); ++i) {
     KVXERow* row = uid.getTable()->getRow(i);
     const int index = device ? kvxm::staticRailIndex(*device, textOf(row, m_internalSupplyColumn)) : -1;
-    const auto amperes = index < 0 ? std::nullopt : shown(row, *params->findFloat(StaticKey::RAIL_CURRENT_0 + index));
+    const auto amperes =
+        index < 0 ? std::nullopt : shown(row, *params->findFloat(StaticKey::RAIL_CURRENT_0 + index));
     if (amperes) {
       row->getCell(&column)->setValAndMarkEngineClean(*amperes);
     } else {
@@ -217,11 +218,12 @@ void KVXEPowerDesignTab::writeLeakageCurrents(const KVXEUID& uid, const KVXETitl
   }
 }
 
-/// The current cell of a rail that the device has; nothing, with the cell blank, for any other row.
+/// The rail of a current cell, if the device has it; nothing, with the cell blank, for any other row.
 std::optional<std::string> KVXEPowerDesignTab::beginCurrent(const KVXEUID& uid) {
   if (!isInSupplyTable(uid)) return std::nullopt;
   std::string rail = railOf(uid);
   if (!rail.empty() && isValidVoltage(uid, rail)) return rail;
+  uid.getCell()->clearMsg();
   uid.getCell()->setBlankAndMarkEngineClean();
   return std::nullopt;
 }

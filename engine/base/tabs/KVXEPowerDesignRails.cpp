@@ -24,8 +24,7 @@ const std::string KVXEPowerDesignTab::m_maxAmbientTempStr = "MAX_AMBIENT_TEMP";
 
 const std::string KVXEPowerDesignTab::m_invalidJunctionMsg =
     "<html>Estimates are calculated up to the absolute maximum temperature after which point 125+ is shown "
-    "in red and "
-    "the power and thermal estimates are no longer valid.<html>";
+    "in red and the power and thermal estimates are no longer valid.<html>";
 
 const std::string KVXEPowerDesignTab::m_pmcStr = "PMC";
 const std::string KVXEPowerDesignTab::m_lpdStr = "LPD";

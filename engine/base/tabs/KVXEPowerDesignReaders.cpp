@@ -1,5 +1,7 @@
 // What other tabs read of the power design, and the input of the static model.
 
+#include <algorithm>
+
 #include "engine/base/tabs/KVXEPowerDesignTab.h"
 #include "engine/base/tabs/KVXESummaryTab.h"
 #include "engine/base/workbook/KVXEBook.h"
@@ -217,8 +219,9 @@ void KVXEPowerDesignTab::updateVoltageParams(const KVXEUID& uid, kvxm::Record& p
   const kvxm::Device* device = deviceOf(uid);
   if (!device) return;
   const size_t count = std::min(device->supplies.size(), kvxm::mostStaticRails);
-  for (size_t i = 0; i < count; ++i)
-    slot(params, StaticKey::RAIL_VOLTAGE_0 + static_cast<int>(i)) = getVoltage(uid, device->supplies[i].rail);
+  for (size_t i = 0; i < count; ++i)  // the model takes a negative voltage for none given
+    slot(params, StaticKey::RAIL_VOLTAGE_0 + static_cast<int>(i)) =
+        std::max(0.0f, getVoltage(uid, device->supplies[i].rail));
 }
 
 void KVXEPowerDesignTab::updateDeviceParams(const KVXEUID& uid, kvxm::Record& params) {

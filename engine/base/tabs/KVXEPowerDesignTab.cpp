@@ -32,12 +32,10 @@ const KVXEColumn powerSummaryColumns[] = {
      .formula = &Tab::updatePowerSummaryTable,
      .unit = Unit::POWER_SHOW,
      .toolTip = "Total On-Chip Power = Core Dynamic + I/O + Transceiver + Device Static\n\nAlso referred to "
-                "as 'Thermal "
-                "power'. Includes power dissipated on-chip from all supply sources.It does not include power "
-                "supplied to "
-                "off-chip devices.\nThis is operating power and not startup power.\nCell background turns "
-                "orange when process "
-                "or power mode are not configured for worst case power estimation."},
+                "as 'Thermal power'. Includes power dissipated on-chip from all supply sources.It does not "
+                "include power supplied to off-chip devices.\nThis is operating power and not startup "
+                "power.\nCell background turns orange when process or power mode are not configured for "
+                "worst case power estimation."},
 };
 
 const KVXEColumn supplyColumns[] = {
@@ -54,11 +52,10 @@ const KVXEColumn supplyColumns[] = {
      .isEditable = true,
      .formula = &Tab::updateVoltage,
      .unit = Unit::VOLTAGE_SHOW,
-     .toolTip = "<html>Actual voltage for each source. Values are range checked and the orange background "
-                "\nindicates the "
-                "value is not within spec for the selected part.  A gray background indicates \nread only "
-                "and voltage can "
-                "only be changed for the power rail group in the table below.</html>"},
+     .toolTip =
+         "<html>Actual voltage for each source. Values are range checked and the orange background "
+         "\nindicates the value is not within spec for the selected part.  A gray background indicates "
+         "\nread only and voltage can only be changed for the power rail group in the table below.</html>"},
     {.title = &Tab::m_minVoltageColumn,
      .type = FLOAT,
      .formula = &Tab::updatePowerSupplyTable,
@@ -73,9 +70,8 @@ const KVXEColumn supplyColumns[] = {
      .type = FLOAT,
      .formula = &Tab::updateStepLoad,
      .unit = Unit::PERCENTAGE_SHOW,
-     .toolTip =
-         "Step load assumptions are 33% for all rails EXCEPT VCCAUX_PMC, VCCAUX_SMON, VCCO_XP, VCCO_HD, and "
-         "VCCO_500/501/502/503, which are 100%."},
+     .toolTip = "Step load assumptions are 33% for all rails EXCEPT VCCAUX_PMC, VCCAUX_SMON, VCCO_XP, "
+                "VCCO_HD, and VCCO_500/501/502/503, which are 100%."},
     {.title = &Tab::m_staticCurrentColumn,
      .type = FLOAT,
      .formula = &Tab::updateStaticCurrentPowerSupplyTable,
@@ -91,16 +87,14 @@ const KVXEColumn supplyColumns[] = {
      .formula = &Tab::updateTotalCurrentPowerSupplyTable,
      .unit = Unit::CURRENT_SHOW,
      .toolTip = "For Maximum Process, the sum of rail-wise power will not match the Total On-Chip Power as "
-                "there are "
-                "various other factors which affect the currents."},
+                "there are various other factors which affect the currents."},
     {.title = &Tab::m_powerupCurrentColumn,
      .type = FLOAT,
      .formula = &Tab::updatePowerupCurrentPowerSupplyTable,
      .unit = Unit::CURRENT_SHOW,
-     .toolTip =
-         "The startup current, shown when the process is Maximum and the startup current exceeds the "
-         "calculated "
-         "operating current: what the rail draws before any activity with the junction at its maximum."},
+     .toolTip = "The startup current, shown when the process is Maximum and the startup current exceeds the "
+                "calculated operating current: what the rail draws before any activity with the junction at "
+                "its maximum."},
     {.title = &Tab::m_powerRailGroupColumn, .type = STRING, .visibility = Visibility::ALWAYS_HIDDEN},
     {.title = &Tab::m_voltageFromLvrColumn, .type = FLOAT, .visibility = Visibility::ALWAYS_HIDDEN},
 };

@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "engine/base/config/ClockTag.h"
+#include "engine/base/tabs/KVXEPowerDesignTab.h"
 #include "engine/base/workbook/KVXEBook.h"
 #include "engine/base/workbook/KVXERow.h"
 #include "engine/base/workbook/KVXETab.h"
@@ -31,12 +32,21 @@ std::optional<float> readClockFrequency(KVXERow* row, const KVXETitle& column) {
   return tag->megahertz;
 }
 
-std::optional<float> readVoltage(const KVXEUID& uid, const std::string& rail) {
-  KVXECell* cell = uid.getTab()->lookup<std::string>(
-      &KVXETab::m_PowerTable, rail, &KVXETab::m_InternalRailColumn, &KVXETab::m_VoltageColumn, false);
-  float volts = 0.0f;
-  if (!cell || !cell->getVal(volts, true)) return std::nullopt;
-  return volts;
+std::string readDevice(const KVXEUID& uid) {
+  return KVXEPowerDesignTab::getDevice(uid);
+}
+
+std::optional<float> readVoltage(const KVXEUID& uid, std::string_view rail) {
+  const KVXETable* table = uid.getTab()->getTable(&KVXETab::m_PowerTable);
+  const unsigned int railColumn = table ? table->findTitle(&KVXETab::m_InternalRailColumn) : 0;
+  for (unsigned int i = 1; table && i < table->getRowCount(); ++i) {
+    const auto* key = static_cast<const KVXEStringCell*>(table->getCellAt(i, railColumn));
+    if (key->peekVal() != rail) continue;
+    float volts = 0.0f;
+    if (!table->getCellAt(i, &KVXETab::m_VoltageColumn)->getVal(volts, true)) return std::nullopt;
+    return volts;
+  }
+  return std::nullopt;
 }
 
 namespace {

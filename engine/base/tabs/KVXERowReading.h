@@ -3,6 +3,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "engine/base/workbook/KVXEEnums.h"
 #include "engine/base/workbook/KVXEUID.h"
@@ -23,8 +24,12 @@ float readNumber(KVXERow* row, const KVXETitle& column, float ifBlank);
 /// The frequency in MHz from the clock tag in a column of the row; nothing for a blank cell or another text.
 std::optional<float> readClockFrequency(KVXERow* row, const KVXETitle& column);
 
+/// The device that the models know.
+std::string readDevice(const KVXEUID& uid);
+
 /// The voltage of a rail in the power table of the tab that the formula runs in; nothing when it is unknown.
-std::optional<float> readVoltage(const KVXEUID& uid, const std::string& rail);
+/// Which row belongs to a rail never changes, so the voltage is all that the formula comes to depend on.
+std::optional<float> readVoltage(const KVXEUID& uid, std::string_view rail);
 
 /// The used count of a row of another tab's utilization table; 0 when the tab, table or row is missing.
 float readUsedCount(const KVXEUID& uid, KVXEEnums::TabType tab, const std::string& type);
