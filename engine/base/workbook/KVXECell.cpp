@@ -151,7 +151,9 @@ bool KVXECell::isEnabled() const {
 void KVXECell::markEngineClean() {
   calculation().registerAction(KVXECalculationMgr::WRITE_ENGINE_STATE, this);
   states().markEngineClean(this);
-  if (m_unit != Unit::NO_UNIT) updateUnitInfo(KVXEUID(this));
+  if (m_unit == Unit::NO_UNIT) return;
+  const KVXETable* table = getTable();
+  updateUnitInfo(table && table->getTab() ? table->getTab()->getBook() : nullptr);
 }
 
 void KVXECell::markGuiClean() {
@@ -285,19 +287,21 @@ void KVXECell::resetUnitInfo() {
 }
 
 void KVXECell::updateUnitInfo(const KVXEUID& uid) {
+  updateUnitInfo(uid.getBook());
+}
+
+void KVXECell::updateUnitInfo(KVXEBook* book) {
   if (m_unit == Unit::NO_UNIT) return resetUnitInfo();
   calculation().registerAction(KVXECalculationMgr::WRITE_UNIT_INFO, this);
-  KVXEBook* book = uid.getBook();
   KVXETable* units = book ? book->getTable(KVXEEnums::TabType::SUMMARY, &KVXETab::m_UnitsTable) : nullptr;
   KVXERow* row = units ? units->getRow(static_cast<unsigned int>(m_unit)) : nullptr;
   if (!row) return;
   if (KVXECell* cell = row->getCell(&KVXETab::m_UnitsMultiplier)) cell->getVal(m_unitMultiplier, true);
   if (KVXECell* cell = row->getCell(&KVXETab::m_UnitsOffset)) cell->getVal(m_unitOffset, true);
-  if (KVXECell* cell = row->getCell(&KVXETab::m_UnitsSuffix)) {
-    std::string suffix;
-    cell->getVal(suffix, true);
-    if (suffix != *m_unitSuffix) m_unitSuffix = intern(suffix);
-  }
+  KVXECell* cell = row->getCell(&KVXETab::m_UnitsSuffix);
+  if (!cell || cell->getCellType() != CellType::STRING) return;
+  const std::string& suffix = static_cast<KVXEStringCell*>(cell)->readVal(true);
+  if (suffix != *m_unitSuffix) m_unitSuffix = intern(suffix);
 }
 
 // Header.

@@ -153,6 +153,7 @@ class KVXECell {
 
  private:
   void reportCycle(const KVXEUID& uid);
+  void updateUnitInfo(KVXEBook* book);
   void resetUnitInfo();
   KVXETable* getTable() const;
 
