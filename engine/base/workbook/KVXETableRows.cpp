@@ -187,8 +187,9 @@ class KeyMatcher {
   }
 
  private:
-  // std::regex recurses once per character of text and of pattern; this keeps long ones off a small stack.
-  static constexpr size_t MaxLength = 2000;
+  // std::regex recurses several times per character of text and of pattern; at this length a stack of 1 MiB
+  // suffices.
+  static constexpr size_t MaxLength = 800;
 
   const std::string& m_key;
   std::optional<std::regex> m_pattern;
