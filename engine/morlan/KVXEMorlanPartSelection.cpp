@@ -34,11 +34,11 @@ constinit const kvxe::GradeTable KVXEMorlanPartSelection::m_temperatures{tempera
 
 const kvxe::ArchitectureDescription& KVXEMorlanPartSelection::describe() const {
   static constexpr CascadeSetting cascade[] = {
-      {&Selection::m_familyStr, Order::Alphabetic, nullptr, nullptr},
-      {&Selection::m_deviceGradeStr, Order::Catalogue, nullptr, nullptr},
-      {&Selection::m_devStr, Order::Natural, &Part::device, nullptr},
-      {&Selection::m_pkgStr, Order::Natural, &Part::package, nullptr},
-      {&Selection::m_spdGradeStr, Order::Natural, &Part::speed, nullptr},
+      {&Selection::m_familyStr, Order::Alphabetic},
+      {&Selection::m_deviceGradeStr, Order::Catalogue, nullptr, &kvxe::deviceGrades},
+      {&Selection::m_devStr, Order::Natural, &Part::device},
+      {&Selection::m_pkgStr, Order::Natural, &Part::package},
+      {&Selection::m_spdGradeStr, Order::Natural, &Part::speed},
       {&Selection::m_tempGradeStr, Order::Catalogue, &Part::temperature, &m_temperatures},
   };
   static const kvxe::ArchitectureDescription description{

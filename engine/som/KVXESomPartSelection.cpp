@@ -1,7 +1,5 @@
 #include "engine/som/KVXESomPartSelection.h"
 
-#include <iostream>
-
 #include "engine/base/selection/PartNameParser.h"
 #include "models/morlan/KVXMMorlanSomPartsData.h"
 
@@ -15,10 +13,10 @@ using Selection = KVXESomPartSelection;
 constexpr std::string_view starterKitMarker = "Starter Kit";
 
 constexpr CascadeSetting cascade[] = {
-    {&Selection::m_familyStr, Order::Alphabetic, nullptr, nullptr},
-    {&Selection::m_devStr, Order::Natural, nullptr, nullptr},
-    {&Selection::m_boardStr, Order::Catalogue, nullptr, nullptr},
-    {&Selection::m_tempGradeStr, Order::Catalogue, nullptr, nullptr},
+    {&Selection::m_familyStr, Order::Alphabetic},
+    {&Selection::m_devStr, Order::Natural},
+    {&Selection::m_boardStr, Order::Catalogue},
+    {&Selection::m_tempGradeStr, Order::Catalogue},
 };
 /// The fields of a catalogue row in the order of the cascade.
 constexpr const char* cascadeFields[] = {"FAMILY_NAME", "DEVICE_NAME", "BOARD_NAME", "GRADE"};
@@ -84,8 +82,7 @@ std::vector<kvxe::PartCodes> KVXESomPartSelection::getCatalogueCodes() const {
 }
 
 bool KVXESomPartSelection::isPartSupported(const std::string& part) const {
-  return part.size() <= kvxe::maxPartNameLength &&
-         !modules().getCfgKeys({"DEVICE_DATA", part}, false).empty();
+  return !modules().getCfgKeys({"DEVICE_DATA", part}, false).empty();
 }
 
 std::vector<std::string> KVXESomPartSelection::getAvailableParts() const {
@@ -165,11 +162,7 @@ bool KVXESomPartSelection::isStarterKit() const {
   return getCurrentSetting(m_boardStr).find(starterKitMarker) != std::string::npos;
 }
 
-void KVXESomPartSelection::getResources(std::map<std::string, int>& resources) const {
-  resources.clear();
-  const std::string part = getSelectedDeviceName();
-  for (const auto& [name, count] : modules().getResourceData(part, "RESOURCE_DATA")) resources[name] = count;
-  if (!resources.empty()) return;
-  std::cout << "ERROR: Device resource data is missing for: "
-            << (part.empty() ? getCurrentSetting(m_devStr) : part) << '\n';
+std::vector<std::pair<std::string, int>> KVXESomPartSelection::getResourceData(
+    const std::string& part) const {
+  return modules().getResourceData(part, "RESOURCE_DATA");
 }

@@ -3,8 +3,7 @@
 #include "engine/morlan/KVXEMorlanPartSelection.h"
 
 /// The choice of a module: five drop-downs over the catalogue of modules. A part is named by its catalogue
-/// key
-/// ("SM6_CUSTOM_I") or by the name that the implementation tool uses.
+/// key ("SM6_CUSTOM_I") or by the name that the implementation tool uses.
 class KVXESomPartSelection : public KVXEMorlanPartSelection {
  public:
   /// Whether the name begins like a device of this architecture.
@@ -25,7 +24,6 @@ class KVXESomPartSelection : public KVXEMorlanPartSelection {
   std::string getFamilyToDefaultPart() const override;
   /// Device "-" board: a module has no package of its own.
   std::string getDevicePkgTag() const override;
-  void getResources(std::map<std::string, int>& resources) const override;
   std::string getArchName() const override { return m_somVisionArchName; }
   bool isStarterKit() const override;
   bool isPartSupported(const std::string& part) const override;
@@ -43,6 +41,7 @@ class KVXESomPartSelection : public KVXEMorlanPartSelection {
   const kvxe::ArchitectureDescription& describe() const override;
   std::vector<kvxe::PartCodes> getCatalogueCodes() const override;
   kvxe::PartCodes getPartCodes(const std::string& part) const override;
+  std::vector<std::pair<std::string, int>> getResourceData(const std::string& part) const override;
 
  private:
   std::string selectedField(const std::string& field) const;

@@ -40,11 +40,11 @@ constexpr kvxe::GradeMark screenMarks[] = {{"Low", "", "L"}, {"", "", "S"}};
 constexpr kvxe::GradeTable screens{screenTexts, screenMarks};
 
 constexpr CascadeSetting cascade[] = {
-    {&Selection::m_familyStr, Order::Alphabetic, nullptr, nullptr},
-    {&Selection::m_deviceGradeStr, Order::Catalogue, nullptr, nullptr},
-    {&Selection::m_devStr, Order::Natural, &Part::device, nullptr},
-    {&Selection::m_pkgStr, Order::Natural, &Part::package, nullptr},
-    {&Selection::m_spdGradeStr, Order::Natural, &Part::speed, nullptr},
+    {&Selection::m_familyStr, Order::Alphabetic},
+    {&Selection::m_deviceGradeStr, Order::Catalogue, nullptr, &kvxe::deviceGrades},
+    {&Selection::m_devStr, Order::Natural, &Part::device},
+    {&Selection::m_pkgStr, Order::Natural, &Part::package},
+    {&Selection::m_spdGradeStr, Order::Natural, &Part::speed},
     {&Selection::m_staticScreenStr, Order::Catalogue, &Part::screen, &screens},
     {&Selection::m_tempGradeStr, Order::Catalogue, &Part::temperature, &temperatures},
     {&Selection::m_voltageRangeStr, Order::Catalogue, &Part::voltage, &voltages},

@@ -97,12 +97,4 @@ TEST_F(RedrawTabs, AnIncompleteChoiceIsCompletedFirst) {
   EXPECT_THAT(out.text(), Not(::testing::HasSubstr("ERROR")));
 }
 
-TEST_F(RedrawTabs, AnotherArchitectureMeansAnotherBook) {
-  tarvek().redrawTabs(true);
-  EXPECT_EQ(book()->getArchName(), "Arkeon");
-  choose("Hexaline+", "HC320-LFRD1517_1-E").redrawTabs(false);
-  EXPECT_EQ(book()->getArchName(), "Hexaline+");
-  EXPECT_EQ(KVXEBookMgr::getGlobal().getBookCount(), 1u);
-}
-
 }  // namespace

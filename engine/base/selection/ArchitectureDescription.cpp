@@ -37,4 +37,8 @@ std::size_t ArchitectureDescription::columnOf(std::string kvxm::Part::*field) co
   return static_cast<std::size_t>(found - cascade.begin());
 }
 
+const GradeTable& ArchitectureDescription::gradesAt(std::size_t column) const {
+  return column < cascade.size() ? *cascade[column].grades : plainCodes;
+}
+
 }  // namespace kvxe

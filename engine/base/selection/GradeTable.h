@@ -24,10 +24,13 @@ struct GradeTable {
   std::span<const GradeText> texts;
   std::span<const GradeMark> marks;  ///< tried in order; the last one stands for all other texts
 
-  /// The text of a code; anything else stays.
+  /// The text of a code; anything else stays, as does everything in an empty table.
   std::string textOf(std::string_view code) const;
   /// The code that a text stands for; a code stays.
   std::string codeOf(std::string_view text) const;
 };
+
+/// Codes that are their own texts.
+inline constexpr GradeTable plainCodes{};
 
 }  // namespace kvxe

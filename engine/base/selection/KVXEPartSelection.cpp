@@ -20,9 +20,9 @@ const std::string KVXEPartSelection::m_processStr = "Process";
 
 const std::string KVXEPartSelection::m_typStr = "Typical";
 const std::string KVXEPartSelection::m_maxStr = "Maximum";
-const std::string KVXEPartSelection::m_qcDeviceGradeStr = "QC";
-const std::string KVXEPartSelection::m_qqDeviceGradeStr = "QQ - Defence";
-const std::string KVXEPartSelection::m_qaDeviceGradeStr = "QA - Automotive";
+const std::string KVXEPartSelection::m_qcDeviceGradeStr(kvxe::qcDeviceGrade);
+const std::string KVXEPartSelection::m_qqDeviceGradeStr(kvxe::qqDeviceGrade);
+const std::string KVXEPartSelection::m_qaDeviceGradeStr(kvxe::qaDeviceGrade);
 
 const std::string KVXEPartSelection::m_arkeonArchName = "Arkeon";
 const std::string KVXEPartSelection::m_morlanArchName = "Hexaline+";
@@ -80,14 +80,22 @@ void KVXEPartSelection::rememberPart() {
   if (!part.empty()) setCurrentPart(part);
 }
 
-std::string KVXEPartSelection::codeOf(const kvxe::CascadeSetting& setting) const {
-  const std::string value = getCurrentSetting(*setting.name);
-  return value.empty() || !setting.grades ? value : setting.grades->codeOf(value);
+const kvxe::GradeTable& KVXEPartSelection::gradesOf(const std::string& setting) const {
+  return describe().gradesAt(describe().columnOf(setting));
+}
+
+const kvxe::GradeTable& KVXEPartSelection::gradesOf(std::string kvxm::Part::*field) const {
+  return describe().gradesAt(describe().columnOf(field));
+}
+
+std::string KVXEPartSelection::codeOf(const std::string& setting) const {
+  const std::string value = getCurrentSetting(setting);
+  return value.empty() ? value : gradesOf(setting).codeOf(value);
 }
 
 std::string KVXEPartSelection::codeOf(std::string kvxm::Part::*field) const {
   const std::size_t column = describe().columnOf(field);
-  return column < describe().cascade.size() ? codeOf(describe().cascade[column]) : std::string();
+  return column < describe().cascade.size() ? codeOf(*describe().cascade[column].name) : std::string();
 }
 
 // The selected part.
@@ -96,7 +104,7 @@ std::string KVXEPartSelection::getSelectedDeviceName() const {
   if (!describe().parts) return {};
   kvxm::Part part;
   for (const kvxe::CascadeSetting& setting : describe().cascade) {
-    if (setting.field) part.*setting.field = codeOf(setting);
+    if (setting.field) part.*setting.field = codeOf(*setting.name);
   }
   kvxm::composeNames(part, describe().architecture);
   return isPartSupported(part.key) ? part.name : std::string();
@@ -126,16 +134,15 @@ std::string KVXEPartSelection::getDevicePkgTag() const {
 void KVXEPartSelection::getResources(std::map<std::string, int>& resources) const {
   resources.clear();
   const std::string part = getSelectedDeviceName();
-  if (describe().parts && !part.empty()) {
-    const std::vector<std::string> keys = describe().parts->getCfgKeys({"DEVICE_DATA", part}, false);
-    if (!keys.empty()) {
-      for (const auto& [name, count] : describe().parts->getResourceData(keys.front(), "RESOURCE_DATA"))
-        resources[name] = count;
-    }
-  }
+  for (const auto& [name, count] : getResourceData(part)) resources[name] = count;
   if (!resources.empty()) return;
   std::cout << "ERROR: Device resource data is missing for: "
             << (part.empty() ? getCurrentSetting(m_devStr) : part) << '\n';
+}
+
+std::vector<std::pair<std::string, int>> KVXEPartSelection::getResourceData(const std::string& part) const {
+  if (!describe().parts) return {};
+  return describe().parts->getResourceData(part, "RESOURCE_DATA");
 }
 
 int KVXEPartSelection::getAvailResources(const std::string& name) const {
@@ -250,23 +257,19 @@ std::string KVXEPartSelection::getTempGrade(const std::string& part) const {
 }
 
 std::string KVXEPartSelection::getTempGradeStr(const std::string& code) const {
-  const std::size_t column = describe().columnOf(&kvxm::Part::temperature);
-  return column < describe().cascade.size() ? describe().cascade[column].grades->textOf(code) : code;
+  return gradesOf(&kvxm::Part::temperature).textOf(code);
 }
 
 std::string KVXEPartSelection::getTempGradeFromStr(const std::string& text) const {
-  const std::size_t column = describe().columnOf(&kvxm::Part::temperature);
-  return column < describe().cascade.size() ? describe().cascade[column].grades->codeOf(text) : text;
+  return gradesOf(&kvxm::Part::temperature).codeOf(text);
 }
 
 std::string KVXEPartSelection::getVoltageGradeStr(const std::string& code) const {
-  const std::size_t column = describe().columnOf(&kvxm::Part::voltage);
-  return column < describe().cascade.size() ? describe().cascade[column].grades->textOf(code) : code;
+  return gradesOf(&kvxm::Part::voltage).textOf(code);
 }
 
 std::string KVXEPartSelection::getVoltageGradeFromStr(const std::string& text) const {
-  const std::size_t column = describe().columnOf(&kvxm::Part::voltage);
-  return column < describe().cascade.size() ? describe().cascade[column].grades->codeOf(text) : text;
+  return gradesOf(&kvxm::Part::voltage).codeOf(text);
 }
 
 std::string KVXEPartSelection::getCoreVoltageFromVoltageGradeStr(const std::string& grade) const {
@@ -281,10 +284,7 @@ std::string KVXEPartSelection::getCoreVoltage(const std::string& part) const {
 
 std::string KVXEPartSelection::getDeviceGradeStr(const std::string& part) const {
   if (part.empty()) return {};
-  const std::string device = kvxe::upperCase(part.substr(0, part.find_first_of("-_")));
-  if (device.find("QQ") != std::string::npos) return m_qqDeviceGradeStr;
-  if (device.find("QA") != std::string::npos) return m_qaDeviceGradeStr;
-  return m_qcDeviceGradeStr;
+  return kvxe::deviceGrades.codeOf(kvxe::upperCase(part.substr(0, part.find_first_of("-_"))));
 }
 
 std::string KVXEPartSelection::getDeviceGradeStr() const {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "engine/base/selection/ArchitectureDescription.h"
@@ -144,6 +145,8 @@ class KVXEPartSelection {
   virtual std::vector<kvxe::PartCodes> getCatalogueCodes() const;
   /// One part as such codes; empty for an unknown form.
   virtual kvxe::PartCodes getPartCodes(const std::string& part) const;
+  /// Resource names and counts of a part; none for an unknown one.
+  virtual std::vector<std::pair<std::string, int>> getResourceData(const std::string& part) const;
   /// The tabs that the device has whatever its resources.
   virtual std::vector<KVXEEnums::TabType> getTabsToShow() const;
   /// Has the front end fetch the tab as a whole: what it shows hangs on the device.
@@ -153,13 +156,15 @@ class KVXEPartSelection {
   kvxe::PartCodes getPatternBefore(std::size_t column) const;
   void store(const std::string& setting, const std::string& value);
   /// The code of a setting's value; blank for a blank one.
-  std::string codeOf(const kvxe::CascadeSetting& setting) const;
+  std::string codeOf(const std::string& setting) const;
   std::string codeOf(std::string kvxm::Part::*field) const;
 
  private:
   std::vector<std::string> listCodes(const std::string& setting) const;
-  std::string textOf(const std::string& setting, const std::string& code) const;
+  const kvxe::GradeTable& gradesOf(const std::string& setting) const;
+  const kvxe::GradeTable& gradesOf(std::string kvxm::Part::*field) const;
   bool isSetting(const std::string& name) const;
+  bool isVoltageGrade(const std::string& setting) const;
   void updateDerived(const std::string& setting);
   void rememberPart();
   void readAllDropDowns();

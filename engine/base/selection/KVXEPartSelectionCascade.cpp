@@ -34,17 +34,10 @@ bool KVXEPartSelection::isSetting(const std::string& name) const {
   return describe().hasCoreVoltage && name == m_coreVoltageStr;
 }
 
-std::string KVXEPartSelection::textOf(const std::string& setting, const std::string& code) const {
-  const std::size_t column = describe().columnOf(setting);
-  const kvxe::GradeTable* grades =
-      column < describe().cascade.size() ? describe().cascade[column].grades : nullptr;
-  return grades ? grades->textOf(code) : code;
-}
-
 kvxe::PartCodes KVXEPartSelection::getPatternBefore(std::size_t column) const {
   kvxe::PartCodes pattern;
   for (const kvxe::CascadeSetting& setting : describe().cascade.first(column))
-    pattern.push_back(codeOf(setting));
+    pattern.push_back(codeOf(*setting.name));
   return pattern;
 }
 
@@ -70,7 +63,7 @@ std::vector<std::string> KVXEPartSelection::getValidValues(const std::string& se
   if (column >= describe().cascade.size()) return {};
   std::vector<std::string> texts = kvxe::distinctCodes(getCatalogueCodes(), pattern, column);
   arrange(texts, describe().cascade[column].order);
-  for (std::string& text : texts) text = textOf(setting, text);
+  for (std::string& text : texts) text = gradesOf(setting).textOf(text);
   KVXMHelperUtils::UNIQUE(texts);
   return texts;
 }
@@ -80,7 +73,7 @@ bool KVXEPartSelection::isCurrentSettingValid(unsigned int index, const std::str
   if (index >= names.size()) return false;
   const std::vector<std::string> codes = listCodes(names[index]);
   return std::any_of(codes.begin(), codes.end(),
-                     [&](const std::string& code) { return textOf(names[index], code) == value; });
+                     [&](const std::string& code) { return gradesOf(names[index]).textOf(code) == value; });
 }
 
 // Reading the drop-downs, which repairs the settings.
@@ -93,10 +86,7 @@ int KVXEPartSelection::getDeviceSelectionValues(unsigned int index, std::vector<
 
 int KVXEPartSelection::getDisplayIndex(const std::string& setting, const std::vector<std::string>& values) {
   if (getCurrentSetting(setting).empty()) store(setting, getPartSetting(setting, getFamilyToDefaultPart()));
-  const std::size_t column = describe().columnOf(setting);
-  const std::string code =
-      column < describe().cascade.size() ? codeOf(describe().cascade[column]) : getCurrentSetting(setting);
-  return std::max(positionOf(textOf(setting, code), values), 0);
+  return std::max(positionOf(gradesOf(setting).textOf(codeOf(setting)), values), 0);
 }
 
 int KVXEPartSelection::getValidSettings(const std::string& setting, std::vector<std::string>& values) {
@@ -105,8 +95,9 @@ int KVXEPartSelection::getValidSettings(const std::string& setting, std::vector<
     std::cout << "setting str: " << setting << '\n';
     return 0;
   }
+  const kvxe::GradeTable& grades = gradesOf(setting);
   const std::vector<std::string> codes = listCodes(setting);
-  for (const std::string& code : codes) values.push_back(textOf(setting, code));
+  for (const std::string& code : codes) values.push_back(grades.textOf(code));
   KVXMHelperUtils::UNIQUE(values);
 
   const int index = getDisplayIndex(setting, values);
@@ -114,11 +105,10 @@ int KVXEPartSelection::getValidSettings(const std::string& setting, std::vector<
   // Codes may share a text: the current one stays if the catalogue has it here, or else its text finds
   // another.
   const std::string& shown = values[static_cast<std::size_t>(index)];
-  const std::size_t column = describe().columnOf(setting);
-  std::string code = column < describe().cascade.size() ? codeOf(describe().cascade[column]) : shown;
+  std::string code = codeOf(setting);
   if (positionOf(code, codes) < 0) {
     code = *std::find_if(codes.begin(), codes.end(),
-                         [&](const std::string& candidate) { return textOf(setting, candidate) == shown; });
+                         [&](const std::string& candidate) { return grades.textOf(candidate) == shown; });
   }
   store(setting, code);
   updateDerived(setting);
@@ -126,9 +116,14 @@ int KVXEPartSelection::getValidSettings(const std::string& setting, std::vector<
   return index;
 }
 
+/// Whether the core voltage follows the setting.
+bool KVXEPartSelection::isVoltageGrade(const std::string& setting) const {
+  return describe().hasCoreVoltage &&
+         describe().columnOf(setting) == describe().columnOf(&kvxm::Part::voltage);
+}
+
 void KVXEPartSelection::updateDerived(const std::string& setting) {
-  if (!describe().hasCoreVoltage || describe().columnOf(setting) != describe().columnOf(&kvxm::Part::voltage))
-    return;
+  if (!isVoltageGrade(setting)) return;
   const std::string volts = getCoreVoltage(getSelectedDeviceName());
   store(m_coreVoltageStr,
         volts.empty() ? getCoreVoltageFromVoltageGradeStr(getCurrentSetting(setting)) : volts);
@@ -146,11 +141,8 @@ int KVXEPartSelection::setDeviceSelectionCurrentValue(unsigned int index, const 
   if (index >= names.size() || !m_currentSettings.contains(names[index])) return 0;
   const std::string& setting = names[index];
   if (setting == m_familyStr && value != getFamily()) resetDeviceSelection("");
-  const std::size_t column = describe().columnOf(setting);
-  const kvxe::CascadeSetting* entry =
-      column < describe().cascade.size() ? &describe().cascade[column] : nullptr;
-  store(setting, entry && entry->grades ? entry->grades->codeOf(value) : value);
-  if (describe().hasCoreVoltage && entry && entry->field == &kvxm::Part::voltage)
+  store(setting, gradesOf(setting).codeOf(value));
+  if (isVoltageGrade(setting))
     store(m_coreVoltageStr, getCoreVoltageFromVoltageGradeStr(getCurrentSetting(setting)));
   return 1;
 }
