@@ -107,20 +107,16 @@ std::optional<float> KVXEPowerDesignTab::environmentValue(const KVXEUID& uid, co
 }
 
 bool KVXEPowerDesignTab::isJunctionTempOverrideOn(const KVXEUID& uid) {
-  KVXECell* cell = environmentCell(uid, KVXESummaryTab::m_junctionTempStr, KVXESummaryTab::m_envTempColumn);
-  std::string choice;
-  return cell && cell->getVal(choice, true) && choice == KVXESummaryTab::m_userOverrideOnStr;
+  return KVXESummaryTab::isJunctionTempOverrideOn(uid);
 }
-
 float KVXEPowerDesignTab::getThetaJA(const KVXEUID& uid) {
-  return environmentValue(uid, KVXESummaryTab::m_thetaJaStr).value_or(KVXESummaryTab::getDefaultThetaJa());
+  return KVXESummaryTab::getThetaJA(uid);
 }
 float KVXEPowerDesignTab::getAmbientTemp(const KVXEUID& uid) {
-  return environmentValue(uid, KVXESummaryTab::m_AmbientTempStr)
-      .value_or(KVXESummaryTab::getDefaultAmbientTemp());
+  return KVXESummaryTab::getAmbientTemp(uid);
 }
 float KVXEPowerDesignTab::getUserJunctionTemp(const KVXEUID& uid) {
-  return environmentValue(uid, KVXESummaryTab::m_junctionTempStr).value_or(DefaultJunctionTemp);
+  return KVXESummaryTab::getUserJunctionTemp(uid);
 }
 float KVXEPowerDesignTab::getMaxJunctionTemp(const KVXEUID& uid) {
   return maxJunctionOf(getTempGrade(uid));

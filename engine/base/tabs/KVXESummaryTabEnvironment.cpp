@@ -55,11 +55,12 @@ float KVXESummaryTab::getMaxJunctionTemp(const KVXEUID& uid) {
 }
 
 float KVXESummaryTab::getUserJunctionTemp(const KVXEUID& uid) {
-  return readEntry(environmentCell(uid, m_junctionTempStr, m_envValColumn)).value_or(0.0f);
+  return readEntry(environmentCell(uid, m_junctionTempStr, m_envValColumn))
+      .value_or(getDefaultJunctionTemp());
 }
 
 float KVXESummaryTab::getThetaJA(const KVXEUID& uid) {
-  return readEntry(environmentCell(uid, m_thetaJaStr, m_envValColumn)).value_or(0.0f);
+  return readEntry(environmentCell(uid, m_thetaJaStr, m_envValColumn)).value_or(getDefaultThetaJa());
 }
 
 bool KVXESummaryTab::isJunctionTempOverrideOn(const KVXEUID& uid) {

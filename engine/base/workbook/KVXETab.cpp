@@ -21,9 +21,13 @@ KVXETab::~KVXETab() {
 
 void KVXETab::init() {
   if (!m_buttons.empty()) return;
-  addButton("KVX_SUMMARY", "Go To Summary", "", 2);
-  addButton("KVX_AUTOFIT", "Auto-Fit Table Columns", "", 3);
-  addButton("KVX_CREATE_IP", "Manage IP", "Manage IP Wizard", 1);
+  const auto add = [this](const char* id, const char* text, const char* toolTip,
+                          KvxButtonOperation operation) {
+    addButton(id, text, toolTip, static_cast<unsigned int>(operation));
+  };
+  add("KVX_SUMMARY", "Go To Summary", "", KvxButtonOperation::GO_TO_SUMMARY);
+  add("KVX_AUTOFIT", "Auto-Fit Table Columns", "", KvxButtonOperation::AUTO_FIT_COLUMNS);
+  add("KVX_CREATE_IP", "Manage IP", "Manage IP Wizard", KvxButtonOperation::NONE);
 }
 
 std::string KVXETab::getPBTitle() const {
