@@ -124,6 +124,22 @@ std::vector<Estimate::Rail> readRails(const KVXEBook& book) {
   return rails;
 }
 
+std::vector<Estimate::Resource> readResources(const KVXEBook& book) {
+  std::vector<Estimate::Resource> resources;
+  for (unsigned int i = 0; i < book.getTabCount(); ++i) {
+    const KVXETab* tab = book.getTab(i);
+    if (!tab || !tab->getIsEnabled()) continue;
+    forEachShownRow(tab->getTable(&KVXETab::m_UtilTable), [&](KVXERow* row) {
+      const auto used = numberAt(row, KVXETab::m_UsedColumn);
+      const auto available = numberAt(row, KVXETab::m_AvailColumn);
+      if (!used || !available || (*available <= 0 && *used <= 0)) return;
+      resources.push_back({tab->getPBTitle(), textAt(row, KVXETab::m_TypeColumn), static_cast<double>(*used),
+                           static_cast<double>(*available)});
+    });
+  }
+  return resources;
+}
+
 /// Modules tell where on the board heat arises.
 std::vector<Estimate::Component> readComponents(const KVXETab& summary) {
   std::vector<Estimate::Component> components;
@@ -256,6 +272,7 @@ Estimate readEstimate(KVXEBook& book) {
   std::stable_partition(estimate.blocks.begin(), estimate.blocks.end(),
                         [](const Estimate::Block& block) { return !block.isStatic; });
   estimate.rails = readRails(book);
+  estimate.resources = readResources(book);
   estimate.components = readComponents(*summary);
   estimate.characterization = readSummaryRow(*summary, Summary::m_characterizationStr);
   readThermal(*summary, uid, estimate);

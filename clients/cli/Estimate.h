@@ -26,6 +26,13 @@ struct Estimate {
     float amperes = 0;
     double watts() const { return static_cast<double>(volts) * static_cast<double>(amperes); }
   };
+  /// What the design uses of something that the device has a limited number of.
+  struct Resource {
+    std::string tab, name;
+    double used = 0;
+    double available = 0;
+    double share() const { return available > 0 ? used / available : 0; }
+  };
   /// A part of a module's board and what it turns into heat.
   struct Component {
     std::string name;
@@ -42,6 +49,7 @@ struct Estimate {
   std::string characterization;
   std::vector<Block> blocks;          ///< in the order of the summary, dynamic ones first
   std::vector<Rail> rails;            ///< that the part has
+  std::vector<Resource> resources;    ///< that the part has and a tab of the book counts
   std::vector<Component> components;  ///< of the board; none for a part that is no module
   std::vector<Message> messages;
 

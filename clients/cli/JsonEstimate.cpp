@@ -42,6 +42,13 @@ Json rail(const Estimate::Rail& rail) {
           {"power_w", static_cast<float>(rail.watts())}};
 }
 
+Json resource(const Estimate::Resource& resource) {
+  return {{"tab", resource.tab},
+          {"name", resource.name},
+          {"used", static_cast<float>(resource.used)},
+          {"available", static_cast<float>(resource.available)}};
+}
+
 Json component(const Estimate::Component& component) {
   return {{"name", component.name}, {"power_w", component.watts}};
 }
@@ -84,6 +91,7 @@ std::string jsonEstimate(const Estimate& estimate) {
   document["blocks"] = list(estimate.blocks, block);
   document["components"] = list(estimate.components, component);
   document["rails"] = list(estimate.rails, rail);
+  document["resources"] = list(estimate.resources, resource);
   document["messages"] = list(estimate.messages, message);
   return toText(document);
 }

@@ -183,6 +183,36 @@ std::string printRails(const Estimate& estimate, const Style& style) {
   return text;
 }
 
+// Resources.
+
+std::string resourceLine(const std::string& tab, const std::string& name, const std::string& used,
+                         const std::string& available, const std::string& share) {
+  return padRight(tab, 16) + padRight(name, 21) + padLeft(used, 13) + padLeft(available, 13) + share;
+}
+
+/// A count; half a memory is one, too.
+std::string showCount(double count) {
+  return KVXMHelperUtils::ToString(static_cast<float>(count));
+}
+
+/// What the design uses; the rest of the device is left out.
+std::string printResources(const Estimate& estimate, const Style& style) {
+  std::string text;
+  std::string_view lastTab;
+  for (const Estimate::Resource& resource : estimate.resources) {
+    if (resource.used <= 0) continue;
+    const std::string share = padLeft(showNumber(100.0 * resource.share(), 1), 13);
+    text += resourceLine(resource.tab == lastTab ? "" : resource.tab, resource.name, showCount(resource.used),
+                         showCount(resource.available),
+                         resource.used > resource.available ? style.warning(share) : share) +
+            "\n";
+    lastTab = resource.tab;
+  }
+  if (text.empty()) return text;
+  return "\n" + style.bold(resourceLine("Utilization", "", "Used", "Available", padLeft("%", 13))) + "\n" +
+         text;
+}
+
 // Messages.
 
 std::string printMessage(const Estimate::Message& message, const Style& style) {
@@ -205,7 +235,8 @@ std::string printMessage(const Estimate::Message& message, const Style& style) {
 std::string printEstimate(const Estimate& estimate, const Style& style) {
   const BlockLine total = makeBlockTree(estimate);
   std::string text = printSummary(estimate, total, style) + printBlocks("Block", total, style) +
-                     printBoard(estimate, style) + printRails(estimate, style);
+                     printBoard(estimate, style) + printRails(estimate, style) +
+                     printResources(estimate, style);
   if (!estimate.messages.empty()) text += "\n" + style.bold("Messages") + "\n";
   for (const Estimate::Message& message : estimate.messages) text += printMessage(message, style);
   return text;
