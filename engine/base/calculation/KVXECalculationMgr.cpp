@@ -4,6 +4,8 @@
 #include <iostream>
 
 #include "engine/base/calculation/KVXETableOperations.h"
+#include "engine/base/workbook/KVXEBook.h"
+#include "engine/base/workbook/KVXEBookMgr.h"
 #include "engine/base/workbook/KVXECell.h"
 #include "engine/base/workbook/KVXERow.h"
 #include "engine/base/workbook/KVXETab.h"
@@ -33,10 +35,19 @@ struct OrderedCell {
   }
 };
 
+/// The dirty cells in the order in which they are evaluated. Those for which the order makes no difference
+/// are evaluated at once.
 std::vector<OrderedCell> dirtyCellsInOrder() {
   std::vector<KVXECell*> cells;
   KVXECellStateMgr::getGlobal().getCellsForRecalculate(cells);
-  std::vector<OrderedCell> ordered(cells.begin(), cells.end());
+  std::vector<OrderedCell> ordered;
+  for (KVXECell* cell : cells) {
+    if (cell->hasWorkToDo()) {
+      ordered.emplace_back(cell);
+    } else {
+      cell->evaluateFormula();
+    }
+  }
   boost::sort::pdqsort(ordered.begin(), ordered.end());
   return ordered;
 }
@@ -114,21 +125,51 @@ KVXECalculationMgr::Vertex KVXECalculationMgr::cellToVertex(KVXECell* cell) {
 
 bool KVXECalculationMgr::calculate() {
   const Recording on(true);
-  evaluateRounds();
+  evaluateRounds(0);
   return true;
 }
 
-void KVXECalculationMgr::evaluateRounds() {
-  unsigned int iterations = 0;
+namespace {
+
+/// Evaluates the cells of all books in the order in which dirty cells are evaluated. Where all are dirty this
+/// spares finding and sorting them, and goes through memory in the order in which it was filled.
+void evaluateBooks() {
+  const KVXEBookMgr& books = KVXEBookMgr::getGlobal();
+  for (unsigned int b = 0; b < books.getBookCount(); ++b)
+    for (unsigned int t = 0; t < books.getBook(b)->getTabCount(); ++t) {
+      const KVXETab* tab = books.getBook(b)->getTab(t);
+      for (unsigned int i = 0; tab && i < tab->getTableCount(); ++i)
+        for (unsigned int row = 1; KVXERow* cells = tab->getTable(i)->getRow(row); ++row)
+          for (unsigned int column = 0; column < cells->getChildCount(); ++column)
+            cells->getChild(column)->evaluateFormula();
+    }
+}
+
+}  // namespace
+
+/// The first of all rounds of a full calculation.
+void KVXECalculationMgr::evaluateAll() {
+  const Recording on(true);
+  m_goneCells.clear();
+  evaluateBooks();
+  beginNextRound();
+  evaluateRounds(1);
+}
+
+void KVXECalculationMgr::beginNextRound() {
+  if (m_nextIterationCells.empty()) return;
+  const KVXEUIDSet again = std::exchange(m_nextIterationCells, makeUIDSet());
+  invalidateFOofCells(again);
+}
+
+void KVXECalculationMgr::evaluateRounds(unsigned int iterations) {
   for (auto dirty = dirtyCellsInOrder(); !dirty.empty(); dirty = dirtyCellsInOrder()) {
     if (iterations == MaxIterations) break;
     ++iterations;
     m_goneCells.clear();
     for (const OrderedCell& ordered : dirty)
       if (m_goneCells.empty() || !m_goneCells.contains(ordered.cell)) ordered.cell->evaluateFormula();
-    if (m_nextIterationCells.empty()) continue;
-    const KVXEUIDSet again = std::exchange(m_nextIterationCells, makeUIDSet());
-    invalidateFOofCells(again);
+    beginNextRound();
   }
   if (iterations == MaxIterations)
     std::cout
@@ -156,9 +197,9 @@ bool KVXECalculationMgr::incrCalculate() {
 bool KVXECalculationMgr::fullCalculate() {
   initGraphVertices();
   KVXECellStateMgr::getGlobal().markBothDirty();
-  const bool result = calculate();
+  evaluateAll();
   m_isGraphStale = false;
-  return result;
+  return true;
 }
 
 // Graph.

@@ -136,7 +136,10 @@ class KVXECalculationMgr {
 
   KVXECalculationMgr();
   void record(NodeAction action, KVXECell* cell);
-  void evaluateRounds();
+  void evaluateAll();
+  /// `iterations` is how many rounds there were before.
+  void evaluateRounds(unsigned int iterations);
+  void beginNextRound();
   void markFanOutDirty(const std::vector<KVXECell*>& seeds);
 
   std::unique_ptr<KVXEDependencyGraph> m_graph;

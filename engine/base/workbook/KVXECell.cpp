@@ -212,11 +212,14 @@ void KVXECell::reportCycle(const KVXEUID& uid) {
   calculation().dumpCallStack();
 }
 
+bool KVXECell::hasWorkToDo() const {
+  return m_formula != &KVXECell::NoFormula || m_unit != Unit::NO_UNIT || m_isEvaluating ||
+         calculation().getObserver();
+}
+
 void KVXECell::evaluateFormula() {
   if (isEngineClean()) return;
-  // A plain unitless value reads nothing, so there is nothing to learn from running it.
-  if (m_formula == &KVXECell::NoFormula && m_unit == Unit::NO_UNIT && !m_isEvaluating &&
-      !calculation().getObserver()) {
+  if (!hasWorkToDo()) {
     states().markEngineClean(this);
     return;
   }

@@ -105,6 +105,9 @@ class KVXECell {
   static void NoFormula(const KVXEUID& uid);
   /// Runs the formula if the cell is engine dirty. Cycles are reported and left.
   void evaluateFormula();
+  /// Whether evaluating the cell reads other cells or can be observed: a plain value without a unit, which
+  /// is what most cells are, only becomes clean.
+  bool hasWorkToDo() const;
   /// The formula is running.
   bool getIsEvaluating() const { return m_isEvaluating; }
   /// Asks for one more evaluation of this cell and all that depends on it, in the next round.

@@ -52,15 +52,23 @@ unsigned int KVXEHeaderRow::addCell(const KVXECell* source) {
 void KVXEHeaderRow::assignHeaderToIndex(const KVXETitle* title, unsigned int index) {
   if (!title) return;
   const auto [found, isNew] = m_titleToIndex.emplace(title, index);
-  if (isNew) return;
+  if (isNew) {
+    if (m_indexToTitle.size() <= index) m_indexToTitle.resize(index + 1);
+    if (!m_indexToTitle[index]) m_indexToTitle[index] = title;
+    return;
+  }
   std::cout << "Error: A column name must be unique for a table."
             << "Column " << found->second << " and " << index
             << " have same header: " << title->getDisplayTag(false) << '\n';
 }
 
 unsigned int KVXEHeaderRow::findTitle(const KVXETitle* title) const {
+  if (!title) return NoColumn;
+  const unsigned int hint = title->m_columnHint;
+  if (hint < m_indexToTitle.size() && m_indexToTitle[hint] == title) return hint;
   const auto found = m_titleToIndex.find(title);
-  return found == m_titleToIndex.end() ? NoColumn : found->second;
+  if (found == m_titleToIndex.end()) return NoColumn;
+  return title->m_columnHint = found->second;
 }
 
 unsigned int KVXEHeaderRow::getTitleToIndex(const KVXETitle* title) const {
@@ -72,9 +80,7 @@ unsigned int KVXEHeaderRow::getTitleToIndex(const KVXETitle* title) const {
 }
 
 const KVXETitle* KVXEHeaderRow::getIndexToTitle(unsigned int index) const {
-  for (const auto& [title, column] : m_titleToIndex)
-    if (column == index) return title;
-  return nullptr;
+  return index < m_indexToTitle.size() ? m_indexToTitle[index] : nullptr;
 }
 
 void KVXEHeaderRow::populateTagToIndex(KVXEEnums::TitleType type,

@@ -2,6 +2,7 @@
 
 #include <boost/unordered/unordered_flat_map.hpp>
 #include <unordered_map>
+#include <vector>
 
 #include "engine/base/workbook/KVXERow.h"
 
@@ -49,4 +50,5 @@ class KVXEHeaderRow : public KVXERow {
   }
 
   boost::unordered_flat_map<const KVXETitle*, unsigned int> m_titleToIndex;
+  std::vector<const KVXETitle*> m_indexToTitle;  ///< null for a column without a title
 };

@@ -32,5 +32,9 @@ class KVXETitle {
  private:
   void init(std::string&& name);
 
+  friend class KVXEHeaderRow;
+
   std::array<std::string, 5> m_tags;
+  /// The column where a table found the title last: a guess that spares most searches, and never trusted.
+  mutable unsigned int m_columnHint = 0;
 };
