@@ -1,44 +1,64 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "engine/base/workbook/KVXETab.h"
 
-/// The workbook of a large estimate on the default device: a clock table of 500 rows with 20 in use, the
-/// logic table and three tables of the benchmark's own, each of `rows` rows in use with one model call a row,
-/// and rails, totals, thermal solution and summary around them.
+namespace kvxm {
+class Record;
+struct BlockDescription;
+}  // namespace kvxm
+
+/// The workbook of a large estimate on the default device: every table with rows of the user's own is filled
+/// to the last of `rows` rows, each clock column with one of the clocks, and rails, totals, thermal solution
+/// and summary stand around them.
 class BenchBook {
  public:
-  static constexpr unsigned int Clocks = 20;
-
   explicit BenchBook(unsigned int rows);
   ~BenchBook();
   BenchBook(const BenchBook&) = delete;
   BenchBook& operator=(const BenchBook&) = delete;
 
-  KVXETable* getLogicTable() const { return m_logic; }
+  KVXETable* getLogicTable() const;
   KVXECell* getToggleRate(unsigned int row) const;
   KVXECell* getClockFrequency(unsigned int clock) const;
   KVXECell* getVccint() const;
   KVXECell* getAmbient() const;
 
+  /// Makes all tabs anew, as a change of the device does, and fills them again.
+  void rebuild();
+  void fill();
   /// Full calculation; then the front end has everything, so that what follows is incremental.
   void settle();
   /// A user's edit and what follows from it.
   void edit(KVXECell* cell, float value);
 
   size_t countCells() const;
-  /// One model call for each used row with the very inputs of the book, and nothing else.
-  double evaluateStraight() const;
 
  private:
-  void fillClocks();
-  void fillLogic();
-  KVXETable* makeStandIn(KVXEEnums::TabType type);
+  void fillTable(KVXETable& table);
+  void fillRow(KVXETable& table, unsigned int row);
 
   unsigned int m_rows;
-  KVXETable* m_clocks = nullptr;
-  KVXETable* m_logic = nullptr;
   std::vector<std::string> m_tags;
+};
+
+/// The model calls that a full calculation of the book makes for its rows, and nothing else: what the
+/// calculation would cost if cells, dependencies and messages were free.
+class StraightLine {
+ public:
+  explicit StraightLine(unsigned int rows);
+  ~StraightLine();
+  void run();
+  size_t countCalls() const { return m_calls.size() * m_rows; }
+
+ private:
+  struct Call {
+    const kvxm::BlockDescription* block;
+    std::unique_ptr<kvxm::Record> inputs;
+  };
+  unsigned int m_rows;
+  std::vector<Call> m_calls;  ///< of one row of each table
 };

@@ -1,7 +1,7 @@
 // The cost of building, calculating and editing the workbook of a large estimate.
 //
 // Each edit alternates between two values, so that every run has work to do. The argument is the number of
-// rows of each of the four configuration tables.
+// rows of each table that the user fills, all of them in use.
 
 #include <benchmark/benchmark.h>
 #include <malloc.h>
@@ -67,10 +67,17 @@ void build(benchmark::State& state) {
   }
 }
 
+/// The time of one run over the cells of the book.
+void countPerCell(benchmark::State& state, double cells) {
+  using benchmark::Counter;
+  state.counters["s_per_cell"] = Counter(cells, Counter::kIsIterationInvariantRate | Counter::kInvert);
+}
+
 void full(benchmark::State& state) {
   BenchBook& book = bookOf(rowsOf(state));
   const auto cells = static_cast<double>(book.countCells());
   for (auto _ : state) KVXECalculationMgr::getGlobal().fullCalculate();
+  countPerCell(state, cells);
   state.counters["cells"] = cells;
   state.counters["edges"] = static_cast<double>(KVXECalculationMgr::getGlobal().getEdgeCount());
   state.counters["edges_per_cell"] = state.counters["edges"] / cells;
@@ -81,7 +88,21 @@ void full(benchmark::State& state) {
 
 void straightLine(benchmark::State& state) {
   const BenchBook& book = bookOf(rowsOf(state));
-  for (auto _ : state) benchmark::DoNotOptimize(book.evaluateStraight());
+  StraightLine calls(rowsOf(state));
+  for (auto _ : state) calls.run();
+  countPerCell(state, static_cast<double>(book.countCells()));
+  state.counters["calls"] = static_cast<double>(calls.countCalls());
+}
+
+/// What a change of the device costs: all tabs anew, and all calculated.
+void changeDevice(benchmark::State& state) {
+  shared.close();
+  BenchBook book(rowsOf(state));
+  for (auto _ : state) {
+    book.rebuild();
+    book.settle();
+  }
+  countPerCell(state, static_cast<double>(book.countCells()));
 }
 
 /// Times an edit of the cell between two values and counts what it evaluates.
@@ -129,6 +150,7 @@ void insertRow(benchmark::State& state) {
 KVX_BENCH(build)->Iterations(20);
 KVX_BENCH(full);
 KVX_BENCH(straightLine);
+KVX_BENCH(changeDevice);
 KVX_BENCH(editRow)->Arg(5000);
 KVX_BENCH(editClock);
 KVX_BENCH(editVoltage);

@@ -157,4 +157,11 @@ std::string rowName(const KVXETable& table, unsigned int row) {
   return "row " + std::to_string(row);
 }
 
+std::vector<std::string> shownRowNames(const KVXETable& table) {
+  std::vector<std::string> names;
+  for (unsigned int row = 1; row < table.getRowCount(); ++row)
+    if (table.getRow(row)->hasPlaceOnScreen()) names.push_back(rowName(table, row));
+  return names;
+}
+
 }  // namespace kvx

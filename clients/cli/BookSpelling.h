@@ -41,5 +41,7 @@ unsigned int findRow(const KVXETable& table, unsigned int column, std::string_vi
 std::vector<std::string> columnTexts(const KVXETable& table, unsigned int column);
 /// What a message calls the row: the text of its first text column, else its number.
 std::string rowName(const KVXETable& table, unsigned int row);
+/// The names of the rows that the user sees.
+std::vector<std::string> shownRowNames(const KVXETable& table);
 
 }  // namespace kvx

@@ -1,5 +1,6 @@
 #include "clients/cli/CellValue.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -58,15 +59,26 @@ double boundOr(T bound, double none) {
   return bound == kvxeBlank<T> ? none : static_cast<double>(bound);
 }
 
+/// Whether a cell's range and list are those of its column for good; a formula may let them follow other
+/// cells.
+bool hasFixedLimits(const KVXECell& cell) {
+  return cell.getFormula() == &KVXECell::NoFormula;
+}
+
 template <class T>
-Conversion checkRange(const SheetValue& written, double number, const KVXETemplateCell<T>& cell) {
+std::pair<T, T> fixedRangeOf(const KVXETemplateCell<T>& cell) {
+  return hasFixedLimits(cell) ? cell.getRange() : std::pair<T, T>{kvxeBlank<T>, kvxeBlank<T>};
+}
+
+template <class T>
+Conversion checkRange(const std::string& written, double number, const std::pair<T, T>& range) {
   // The blank value itself and what lies beyond it cannot be stored.
-  const double least = boundOr(cell.getRange().first, static_cast<double>(std::numeric_limits<T>::lowest()));
-  double most = boundOr(cell.getRange().second, static_cast<double>(kvxeBlank<T>));
+  const double least = boundOr(range.first, static_cast<double>(std::numeric_limits<T>::lowest()));
+  const double most = boundOr(range.second, static_cast<double>(kvxeBlank<T>));
   if (number >= least && number <= most && static_cast<T>(number) != kvxeBlank<T>) return {};
   const bool isOpen =
       most == static_cast<double>(kvxeBlank<T>) || most >= std::numeric_limits<int>::max() - 1.0;
-  return refuse(describeValue(written) + " is out of range",
+  return refuse(written + " is out of range",
                 isOpen && number < least ? "at least " + showBound(least) + " is allowed"
                                          : showBound(least) + " to " + showBound(most) + " is allowed");
 }
@@ -76,14 +88,18 @@ Conversion convertInt(const SheetValue& written, KVXEIntCell& cell) {
   if (Conversion failure = readNumber(written, cell.getUnit(), number); !failure.what.empty()) return failure;
   if (number != std::trunc(number))
     return refuse(describeValue(written) + " is no whole number", "give a whole number");
-  if (Conversion failure = checkRange(written, number, cell); !failure.what.empty()) return failure;
+  if (Conversion failure = checkRange(describeValue(written), number, fixedRangeOf(cell));
+      !failure.what.empty())
+    return failure;
   return {static_cast<int>(number), "", ""};
 }
 
 Conversion convertFloat(const SheetValue& written, KVXEFloatCell& cell) {
   double number = 0;
   if (Conversion failure = readNumber(written, cell.getUnit(), number); !failure.what.empty()) return failure;
-  if (Conversion failure = checkRange(written, number, cell); !failure.what.empty()) return failure;
+  if (Conversion failure = checkRange(describeValue(written), number, fixedRangeOf(cell));
+      !failure.what.empty())
+    return failure;
   return {static_cast<float>(number), "", ""};
 }
 
@@ -102,14 +118,25 @@ Conversion convertText(const SheetValue& written, KVXECell& cell) {
   return {text, "", ""};
 }
 
-bool hasFixedEntries(KVXECell& cell) {
-  return cell.isInADropdownColumn() && cell.getFormula() == &KVXECell::NoFormula;
+/// Equal up to the precision of a float.
+bool isSameNumber(float a, float b) {
+  return std::fabs(a - b) <= 1e-5f * std::fabs(b);
 }
 
-std::string textOf(const CellValue& value) {
-  if (const auto* text = std::get_if<std::string>(&value)) return *text;
-  if (const auto* number = std::get_if<int>(&value)) return KVXMHelperUtils::ToString(*number);
-  return KVXMHelperUtils::ToString(std::get<float>(value));
+/// Whether an entry of a list is the value; numbers may be written with other digits.
+bool isEntry(const std::string& entry, const CellValue& value) {
+  if (const auto* text = std::get_if<std::string>(&value)) return entry == *text;
+  if (const auto* number = std::get_if<int>(&value)) return entry == KVXMHelperUtils::ToString(*number);
+  return isSameNumber(KVXMHelperUtils::s2f(entry), std::get<float>(value));
+}
+
+Conversion checkList(const CellValue& value, const std::string& written, KVXECell& cell) {
+  std::vector<std::string> entries;
+  if (!cell.getDDVals(entries)) return {};
+  const auto isValue = [&value](const std::string& entry) { return isEntry(entry, value); };
+  if (std::any_of(entries.begin(), entries.end(), isValue)) return {};
+  const auto* text = std::get_if<std::string>(&value);
+  return refuse(written + " is not in the list", adviseEntries(cell, text ? *text : written));
 }
 
 }  // namespace
@@ -127,12 +154,20 @@ Conversion convertForCell(const SheetValue& written, KVXECell& cell) {
       result = convertText(written, cell);
   }
   if (!result.value || !cell.isInADropdownColumn()) return result;
-  const std::string text = textOf(*result.value);
-  const auto entry = matchEntry(cell, text);
-  if (entry && std::holds_alternative<std::string>(*result.value)) result.value = *entry;
-  if (!entry && hasFixedEntries(cell))
-    return refuse(describeValue(written) + " is not in the list", adviseEntries(cell, text));
-  return result;
+  if (auto* text = std::get_if<std::string>(&*result.value)) *text = matchEntry(cell, *text).value_or(*text);
+  if (!hasFixedLimits(cell)) return result;
+  Conversion failure = checkList(*result.value, describeValue(written), cell);
+  return failure.what.empty() ? result : failure;
+}
+
+Conversion checkLimits(const CellValue& value, const std::string& written, KVXECell& cell) {
+  Conversion failure;
+  if (const auto* whole = std::get_if<int>(&value))
+    failure = checkRange(written, *whole, static_cast<KVXEIntCell&>(cell).getRange());
+  else if (const auto* real = std::get_if<float>(&value))
+    failure = checkRange(written, static_cast<double>(*real), static_cast<KVXEFloatCell&>(cell).getRange());
+  if (failure.what.empty()) failure = checkList(value, written, cell);
+  return failure.what.empty() ? Conversion{value, "", ""} : failure;
 }
 
 std::optional<std::string> matchEntry(KVXECell& cell, const std::string& text) {
@@ -169,7 +204,7 @@ bool holds(KVXECell& cell, const CellValue& value) {
   }
   const float expected = std::get<float>(value);
   float number = 0;
-  return cell.getVal(number, true) && std::fabs(number - expected) <= 1e-5f * std::fabs(expected);
+  return cell.getVal(number, true) && isSameNumber(number, expected);
 }
 
 }  // namespace kvx

@@ -19,9 +19,12 @@ struct Conversion {
   std::string what, remedy;
 };
 
-/// Converts what the user wrote into the type and the stored unit of a cell, and checks it against the cell's
-/// range and, where the entries are fixed, its drop-down list.
+/// Converts what the user wrote into the type and the stored unit of a cell. Where no formula may change
+/// them, the cell's range and drop-down list hold already.
 Conversion convertForCell(const SheetValue& written, KVXECell& cell);
+/// Checks a converted value against the range and the list that the cell has after the calculation. `written`
+/// is what the user wrote.
+Conversion checkLimits(const CellValue& value, const std::string& written, KVXECell& cell);
 
 /// The entry of the cell's drop-down list that is a spelling of `text`; `text` itself when there is no list;
 /// nothing when the list has no such entry.

@@ -119,9 +119,31 @@ std::vector<Estimate::Rail> readRails(const KVXEBook& book) {
     if (!volts) return;
     const auto amperes = [row](const KVXETitle& column) { return numberAt(row, column).value_or(0.0f); };
     rails.push_back({textAt(row, KVXETab::m_supplyColumn), *volts, amperes(KVXETab::m_dynamicCurrentColumn),
-                     amperes(KVXETab::m_staticCurrentColumn), amperes(KVXETab::m_totalCurrentColumn)});
+                     amperes(KVXETab::m_staticCurrentColumn), amperes(KVXETab::m_totalCurrentColumn),
+                     numberAt(row, KVXETab::m_powerupCurrentColumn), numberAt(row, KVXETab::m_stepLoadColumn),
+                     textAt(row, KVXETab::m_powerRailGroupColumn)});
   });
   return rails;
+}
+
+/// The rows of groups that are not in use have no place on screen.
+std::vector<Estimate::Supply> readSupplies(const KVXEBook& book, const std::vector<Estimate::Rail>& rails) {
+  using Design = KVXEPowerDesignTab;
+  std::vector<Estimate::Supply> supplies;
+  forEachShownRow(book.getTable(TabType::POWER_DESIGN, &Design::m_powerSupplyDesignTable), [&](KVXERow* row) {
+    Estimate::Supply supply;
+    supply.group = textAt(row, KVXETab::m_powerRailGroupColumn);
+    supply.schematicName = textAt(row, Design::m_schematicNameColumn);
+    for (const Estimate::Rail& rail : rails)
+      if (rail.group == supply.group) supply.rails.push_back(rail.name);
+    supply.volts = numberAt(row, Design::m_psdVoltageColumn).value_or(0.0f);
+    supply.availableAmperes = numberAt(row, Design::m_psdCurrentColumn);
+    supply.estimatedAmperes = numberAt(row, Design::m_psdEstimatedCurrentColumn).value_or(0.0f);
+    supply.stepLoadAmperes = numberAt(row, Design::m_psdStepLoadColumn).value_or(0.0f);
+    supply.marginAmperes = numberAt(row, Design::m_psdMarginColumn);
+    supplies.push_back(std::move(supply));
+  });
+  return supplies;
 }
 
 std::vector<Estimate::Resource> readResources(const KVXEBook& book) {
@@ -272,6 +294,9 @@ Estimate readEstimate(KVXEBook& book) {
   std::stable_partition(estimate.blocks.begin(), estimate.blocks.end(),
                         [](const Estimate::Block& block) { return !block.isStatic; });
   estimate.rails = readRails(book);
+  estimate.consolidation = KVXEPowerDesignTab::getPowerRailConsolidation(uid);
+  estimate.supplies = readSupplies(book, estimate.rails);
+  estimate.offChipWatts = KVXEPowerDesignTab::getOffChipPower(uid);
   estimate.resources = readResources(book);
   estimate.components = readComponents(*summary);
   estimate.characterization = readSummaryRow(*summary, Summary::m_characterizationStr);

@@ -24,7 +24,21 @@ struct Estimate {
     float dynamicAmperes = 0;
     float staticAmperes = 0;
     float amperes = 0;
+    std::optional<float> powerupAmperes = {};  ///< where startup draws more than operation
+    std::optional<float> stepLoad = {};        ///< the share of the dynamic current that may switch at once
+    std::string group = {};                    ///< of the rails that share its supply; empty for none
     double watts() const { return static_cast<double>(volts) * static_cast<double>(amperes); }
+  };
+  /// A physical supply that rails share.
+  struct Supply {
+    std::string group;
+    std::string schematicName;       ///< the user's, or empty
+    std::vector<std::string> rails;  ///< by the names of Rail
+    float volts = 0;
+    std::optional<float> availableAmperes;  ///< as the user says
+    float estimatedAmperes = 0;
+    float stepLoadAmperes = 0;
+    std::optional<float> marginAmperes;  ///< what is available less the most that the rails may draw
   };
   /// What the design uses of something that the device has a limited number of.
   struct Resource {
@@ -49,9 +63,13 @@ struct Estimate {
   std::string characterization;
   std::vector<Block> blocks;          ///< in the order of the summary, dynamic ones first
   std::vector<Rail> rails;            ///< that the part has
+  std::string consolidation;          ///< by which rule rails share supplies
+  std::vector<Supply> supplies;       ///< that are in use under it
   std::vector<Resource> resources;    ///< that the part has and a tab of the book counts
   std::vector<Component> components;  ///< of the board; none for a part that is no module
   std::vector<Message> messages;
+
+  float offChipWatts = 0;  ///< drawn from the rails, but not dissipated on the chip
 
   bool isJunctionGiven = false;  ///< by the user, not calculated
   bool isJunctionValid = true;   ///< false when the device runs away, or beyond where estimates hold

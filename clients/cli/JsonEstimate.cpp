@@ -39,7 +39,21 @@ Json rail(const Estimate::Rail& rail) {
           {"dynamic_a", rail.dynamicAmperes},
           {"static_a", rail.staticAmperes},
           {"total_a", rail.amperes},
-          {"power_w", static_cast<float>(rail.watts())}};
+          {"power_w", static_cast<float>(rail.watts())},
+          {"powerup_a", orNull(rail.powerupAmperes)},
+          {"step_load", orNull(rail.stepLoad)},
+          {"group", textOrNull(rail.group)}};
+}
+
+Json supply(const Estimate::Supply& supply) {
+  return {{"group", supply.group},
+          {"schematic_name", textOrNull(supply.schematicName)},
+          {"rails", supply.rails},
+          {"voltage_v", supply.volts},
+          {"available_a", orNull(supply.availableAmperes)},
+          {"estimated_a", supply.estimatedAmperes},
+          {"step_load_a", supply.stepLoadAmperes},
+          {"margin_a", orNull(supply.marginAmperes)}};
 }
 
 Json resource(const Estimate::Resource& resource) {
@@ -83,7 +97,8 @@ std::string jsonEstimate(const Estimate& estimate) {
   document["power_w"] = {{"total", static_cast<float>(estimate.totalWatts())},
                          {"dynamic", static_cast<float>(estimate.dynamicWatts())},
                          {"static", static_cast<float>(estimate.staticWatts())},
-                         {"board", orNull(estimate.boardWatts())}};
+                         {"board", orNull(estimate.boardWatts())},
+                         {"off_chip", estimate.offChipWatts}};
   document["thermal"] = thermal(estimate);
   document["budget"] = estimate.budget ? Json{{"limit_w", static_cast<float>(*estimate.budget)},
                                               {"met", !estimate.isBudgetBroken()}}
@@ -91,6 +106,8 @@ std::string jsonEstimate(const Estimate& estimate) {
   document["blocks"] = list(estimate.blocks, block);
   document["components"] = list(estimate.components, component);
   document["rails"] = list(estimate.rails, rail);
+  document["consolidation"] = textOrNull(estimate.consolidation);
+  document["supplies"] = list(estimate.supplies, supply);
   document["resources"] = list(estimate.resources, resource);
   document["messages"] = list(estimate.messages, message);
   return toText(document);

@@ -111,6 +111,10 @@ std::string printSummary(const Estimate& estimate, const BlockLine& total, const
   text += summaryLine("Total on-chip power", showMilliwatts(total.milliwatts) + " W", "");
   for (const BlockLine& kind : total.parts)
     text += summaryLine("  " + kind.name, showMilliwatts(kind.milliwatts) + " W", "");
+  if (const std::int64_t offChip = toUnits(static_cast<double>(estimate.offChipWatts), Milliwatt);
+      offChip > 0)
+    text += summaryLine("Off-chip power", showMilliwatts(offChip) + " W",
+                        "drawn from the rails, burnt in terminations elsewhere");
   text += summaryLine("Junction temperature", showDegrees(estimate.junction), junctionNote(estimate));
   const bool isTooHot = estimate.marginDegrees < 0;
   std::string watts;
@@ -183,6 +187,49 @@ std::string printRails(const Estimate& estimate, const Style& style) {
   return text;
 }
 
+// Supplies.
+
+constexpr std::size_t SupplyColumn = 15;
+
+std::string supplyLine(const std::string& name, const std::string (&cells)[4], const std::string& margin) {
+  std::string line = padRight(name, 24);
+  for (const std::string& cell : cells) line += padLeft(cell, SupplyColumn);
+  return line + margin;
+}
+
+std::string showAmperes(std::optional<float> amperes) {
+  return amperes ? showNumber(static_cast<double>(*amperes), 3) : "-";
+}
+
+/// The rails stand below the line, since there may be many.
+std::string printSupply(const Estimate::Supply& supply, const Style& style) {
+  const std::string margin = padLeft(showAmperes(supply.marginAmperes), SupplyColumn);
+  const bool isShort = supply.marginAmperes && *supply.marginAmperes < 0;
+  std::string text =
+      supplyLine(supply.group,
+                 {showNumber(static_cast<double>(supply.volts), 3), showAmperes(supply.availableAmperes),
+                  showAmperes(supply.estimatedAmperes), showAmperes(supply.stepLoadAmperes)},
+                 isShort ? style.warning(margin) : margin) +
+      "\n";
+  std::string rails;
+  for (const std::string& rail : supply.rails) rails += (rails.empty() ? "" : ", ") + rail;
+  if (!supply.schematicName.empty()) rails = supply.schematicName + ": " + rails;
+  for (const std::string& line : wrapText(printable(rails), LineWidth - 2)) text += "  " + line + "\n";
+  return text;
+}
+
+/// A rail alone on its supply is in the table of rails, unless the user says what the supply can give.
+std::string printSupplies(const Estimate& estimate, const Style& style) {
+  std::string text;
+  for (const Estimate::Supply& supply : estimate.supplies)
+    if (supply.rails.size() > 1 || supply.availableAmperes) text += printSupply(supply, style);
+  if (text.empty()) return text;
+  const std::string head =
+      supplyLine("Supply", {"Voltage (V)", "Available (A)", "Estimated (A)", "Step Load (A)"},
+                 padLeft("Margin (A)", SupplyColumn));
+  return "\n" + style.bold(head) + "\n" + text;
+}
+
 // Resources.
 
 std::string resourceLine(const std::string& tab, const std::string& name, const std::string& used,
@@ -236,7 +283,7 @@ std::string printEstimate(const Estimate& estimate, const Style& style) {
   const BlockLine total = makeBlockTree(estimate);
   std::string text = printSummary(estimate, total, style) + printBlocks("Block", total, style) +
                      printBoard(estimate, style) + printRails(estimate, style) +
-                     printResources(estimate, style);
+                     printSupplies(estimate, style) + printResources(estimate, style);
   if (!estimate.messages.empty()) text += "\n" + style.bold("Messages") + "\n";
   for (const Estimate::Message& message : estimate.messages) text += printMessage(message, style);
   return text;

@@ -1,6 +1,5 @@
 #include "clients/cli/SheetBinder.h"
 
-#include <algorithm>
 #include <charconv>
 #include <map>
 
@@ -245,23 +244,23 @@ void SheetBinder::verify() {
     if (!m_isFailed[write.entry]) verifyWrite(write);
 }
 
+/// The device or a setting of the sheet leaves the row out, with all that the entry says of it.
+void SheetBinder::reportUnusedRow(const Write& write) {
+  m_isFailed[write.entry] = true;
+  const KVXERow& row = *write.cell->getRow();
+  const std::string name = rowName(*row.getTable(), row.getIndex());
+  m_diagnostics.add(write.place, "this design has no " + inQuotes(name) + " in " + tableName(*row.getTable()),
+                    adviseName(name, shownRowNames(*row.getTable())));
+}
+
 void SheetBinder::verifyWrite(const Write& write) {
   KVXECell& cell = *write.cell;
-  const KVXETable& table = *cell.getRow()->getTable();
-  if (!cell.getRow()->hasPlaceOnScreen())
-    return m_diagnostics.add(write.place,
-                             "the device has no " + inQuotes(rowName(table, cell.getRow()->getIndex())) +
-                                 " in " + tableName(table),
-                             "remove the entry");
+  if (!cell.getRow()->hasPlaceOnScreen()) return reportUnusedRow(write);
   if (!cell.getIsEditable())
     return m_diagnostics.add(write.place, write.name + " is decided by the workbook in this row",
                              "remove it, or change what it follows from");
-  std::vector<std::string> entries;
-  if (const auto* text = std::get_if<std::string>(&write.value);
-      text && cell.getDDVals(entries) && std::find(entries.begin(), entries.end(), *text) == entries.end())
-    return m_diagnostics.add(write.place,
-                             write.name + ": " + write.written + " is not in the list of this row",
-                             adviseEntries(cell, *text));
+  if (const Conversion checked = checkLimits(write.value, write.written, cell); !checked.value)
+    return m_diagnostics.add(write.place, write.name + ": " + checked.what, checked.remedy);
   if (holds(cell, write.value)) return;
   std::string present;
   cell.getValWithUnit(present, true);

@@ -26,8 +26,9 @@ class SheetBinder {
   /// Writes all rows and the environment. The book waits for a full calculation then. `startThetaJa` is the
   /// thermal resistance in C/W of a sheet that has the junction temperature calculated without giving one.
   void bind(const Sheet& sheet, float startThetaJa);
-  /// After the calculation: reports what the workbook did not accept, because the device lacks a row, a list
-  /// that follows other cells lacks an entry, or a formula decides on the cell itself.
+  /// After the calculation: reports what the workbook did not accept, because a row is not in use, the
+  /// range or the list that follows other cells leaves the value out, or a formula decides on the cell
+  /// itself.
   void verify();
 
  private:
@@ -63,6 +64,7 @@ class SheetBinder {
   bool isOverwritten(const KVXECell& cell, const Assignment& assignment, bool isOverride);
   void resolveClocks();
   void verifyWrite(const Write& write);
+  void reportUnusedRow(const Write& write);
   void fail(const Place& place, const std::string& what, const std::string& remedy);
 
   void bindEnvironment(const Sheet& sheet, float startThetaJa);

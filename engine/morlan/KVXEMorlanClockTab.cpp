@@ -1,17 +1,27 @@
 #include "engine/morlan/KVXEMorlanClockTab.h"
 
-#include <unordered_set>
+#include <algorithm>
 
+#include "engine/base/tabs/KVXEClockManagers.h"
 #include "engine/base/tabs/KVXERowReading.h"
+#include "engine/base/workbook/KVXEHeaderRow.h"
 #include "engine/base/workbook/KVXERow.h"
-#include "models/common/KVXMHelperUtils.h"
+#include "engine/base/workbook/KVXETemplateCell.h"
 #include "models/morlan/KVXMMorlanClock.h"
+#include "models/morlan/KVXMMorlanClockMgrData.h"
+#include "models/morlan/KVXMMorlanFsyn.h"
+#include "models/morlan/KVXMMorlanPll.h"
+
+using KVXEEnums::CellState;
 
 void KVXEMorlanClockTab::init() {
   KVXETab::init();
   initClockConfigTable({.name = &populateDefaultClkName,
                         .fanoutPerSite = &KVXECell::NoFormula,
                         .power = &updateClockConfigPowerRow});
+  initClkMgrTable({.name = &populateDefaultClkmgrName,
+                   .phaseShift = &updatePhaseShiftDropdown,
+                   .power = &updateClockMgrPowerRow});
   std::vector<PowerTableRow> rails{
       {"VCCINT", &updateVccintActivePowerInPowerTable, &KVXECell::NoFormula},
       {"VCCAUX", &updateVccauxActivePowerInPowerTable, &KVXECell::NoFormula},
@@ -22,7 +32,22 @@ void KVXEMorlanClockTab::init() {
     types.push_back({type, &updateUtilizationTable});
   initUtilizationTableRows(types);
   initClockTagTable();
+  initRefClockList();
 }
+
+/// The reference clock is chosen among the clocks' frequencies; a single cell keeps the list.
+void KVXEMorlanClockTab::initRefClockList() {
+  const KVXETable* managers = getTable(&m_ClkMgrTable);
+  KVXECell* head = managers->getHeaderRow()->getDisplayCell(managers->getTitleToIndex(&m_RefClock));
+  static_cast<KVXEHeaderCell*>(head)->setIsDropdownColumn(true);
+  getTable(&m_ClockTagTable)->getCellAt(1, &m_RefClockCount)->assignFormula(&updateRefClockDropdown);
+}
+
+namespace {
+
+constexpr unsigned int PllRow = 2;
+
+}  // namespace
 
 void KVXEMorlanClockTab::updateUtilizationTable(const KVXEUID& uid) {
   static const kvxe::UtilizationRow rows[] = {
@@ -31,6 +56,14 @@ void KVXEMorlanClockTab::updateUtilizationTable(const KVXEUID& uid) {
       clockUtilizationRow(),
   };
   if (!kvxe::isInTable(uid, m_UtilTable, "utilization of clocks")) return;
+  const KVXETitle* column = uid.getTable()->getHeaderRow()->getIndexToTitle(uid.getColumnIndex());
+  if (uid.getRowIndex() == PllRow && column == &m_AvailColumn) {
+    // A PLL stands beside every FSYN in numbers of its own, which the catalogue does not list.
+    const std::optional<int> fsyns = kvxe::availableCount(m_FsynStr);
+    if (!fsyns) return uid.getCell()->setBlankAndMarkEngineClean();
+    return uid.getCell()->setValAndMarkEngineClean(
+        static_cast<float>(*fsyns * KVXMMorlanClockMgrData::PllsPerFsyn));
+  }
   kvxe::updateUtilizationCell(uid, rows[uid.getRowIndex() - 1]);
 }
 
@@ -41,16 +74,16 @@ void KVXEMorlanClockTab::populateDefaultClkName(const KVXEUID& uid) {
   float megahertz = 0.0f;
   const bool isClock = uid.getRow()->getCell(&m_ClockFreq)->getVal(megahertz, true);
   if (cell->getVal(name, false) || !isClock) return cell->markEngineClean();
-  cell->setValAndMarkEngineClean(unusedClockName(uid.getTable()));
+  cell->setValAndMarkEngineClean(unusedName(uid.getTable(), m_Name, "clk_"));
 }
 
-std::string KVXEMorlanClockTab::unusedClockName(KVXETable* table) {
-  const std::vector<std::string> names = peekColumn(table, m_Name);
-  const std::unordered_set<std::string> used(names.begin(), names.end());
-  for (int number = 1;; ++number) {
-    std::string name = "clk_" + KVXMHelperUtils::ToString(number);
-    if (!used.contains(name)) return name;
-  }
+void KVXEMorlanClockTab::populateDefaultClkmgrName(const KVXEUID& uid) {
+  if (!kvxe::isInTable(uid, m_ClkMgrTable, "name of a clock manager")) return;
+  KVXECell* cell = uid.getCell();
+  std::string name, type;
+  const bool isManager = uid.getRow()->getCell(&m_ClkMgrType)->getVal(type, true);
+  if (cell->getVal(name, false) || !isManager) return cell->markEngineClean();
+  cell->setValAndMarkEngineClean(unusedName(uid.getTable(), m_Name, "clkmgr_"));
 }
 
 void KVXEMorlanClockTab::updateClockConfigPowerRow(const KVXEUID& uid) {
@@ -68,4 +101,60 @@ void KVXEMorlanClockTab::updateClockConfigPowerRow(const KVXEUID& uid) {
   logDetails(*clock, params[F::VCCINT_POWER], 0.0f);
   kvxe::writeResult(uid.getRow(), m_VccintPwr, params[F::VCCINT_POWER]);
   kvxe::writeResult(uid.getRow(), m_Power, params[F::VCCINT_POWER]);
+}
+
+// Clock managers.
+
+std::vector<std::string> KVXEMorlanClockTab::getClockMgrTypes() const {
+  return {m_FsynStr, m_PllStr};
+}
+
+std::optional<std::pair<float, float>> KVXEMorlanClockTab::getVcoLimits(const std::string& type) const {
+  return kvxm::vcoLimits(KVXMMorlanClockMgrData::getGlobal().getVcoRanges(type, kvxe::readSpeedGrade()));
+}
+
+void KVXEMorlanClockTab::updateClockMgrPowerRow(const KVXEUID& uid) {
+  using kvxe::ClockManagerModel, kvxe::ClockManagerRail, kvxe::runClockManager;
+  static const ClockManagerRail rails[] = {{"VCCINT", 2, 21, &m_VccintPwr}, {"VCCAUX", 3, 24, &m_VccauxPwr}};
+  // type, divide key, multiply key, outputs, rails, model
+  static const ClockManagerModel models[] = {
+      {m_FsynStr, 8, 9, 7, rails, &runClockManager<KVXMMorlanFsynParams, KVXMMorlanFsynModel>},
+      {m_PllStr, 5, 6, 3, rails, &runClockManager<KVXMMorlanPllParams, KVXMMorlanPllModel>},
+  };
+  kvxe::updateClockManagerPower(uid, models);
+}
+
+void KVXEMorlanClockTab::updatePhaseShiftDropdown(const KVXEUID& uid) {
+  auto* cell = dynamic_cast<KVXEStringCell*>(uid.getCell());
+  if (!cell || !kvxe::isInTable(uid, m_ClkMgrTable, "phase shift of a clock manager")) return;
+  std::string type;
+  uid.getRow()->getCell(&m_ClkMgrType)->getVal(type, true);
+  auto* column = dynamic_cast<KVXEStringCell*>(uid.getTable()->getHeaderRow()->getDefaultCell(&m_PhaseShift));
+  const std::vector<std::string>& all = column->getDDVals();
+  const std::vector<std::string> none = {all.front()};
+  const bool hasPhaseShift = type != m_PllStr;
+  if (cell->getDDVals() != (hasPhaseShift ? all : none))
+    cell->setDDValsAndMarkEngineClean(hasPhaseShift ? std::vector<std::string>() : none);
+  cell->markEngineClean();
+}
+
+void KVXEMorlanClockTab::updateRefClockDropdown(const KVXEUID& uid) {
+  const auto* tab = dynamic_cast<const KVXEMorlanClockTab*>(uid.getTab());
+  if (!tab || !kvxe::isInTable(uid, m_ClockTagTable, "list of reference clocks")) return;
+  KVXETable* clocks = tab->getTable(&m_ClockConfigTable);
+  std::vector<float> list;
+  for (unsigned int i = 1; i < clocks->getRowCount(); ++i) {
+    std::string tag;
+    float megahertz = 0.0f;
+    if (!clocks->getCellAt(i, &m_ClockTag)->getVal(tag, true)) continue;
+    if (!clocks->getCellAt(i, &m_ClockFreq)->getVal(megahertz, true)) continue;
+    if (std::find(list.begin(), list.end(), megahertz) == list.end()) list.push_back(megahertz);
+  }
+  auto* column = dynamic_cast<KVXEFloatCell*>(
+      tab->getTable(&m_ClkMgrTable)->getHeaderRow()->getDefaultCell(&m_RefClock));
+  if (column && column->getDDVals() != list) {
+    column->setDDValsAndMarkEngineClean(list);
+    if (column->getState() == CellState::HEADER_CLEAN) column->setState(CellState::HEADER_DIRTY);
+  }
+  uid.getCell()->setValAndMarkEngineClean(static_cast<int>(list.size()));
 }

@@ -18,5 +18,7 @@ void KVXEMorlanLogicTab::updateLogicAndSignalPowerRow(const KVXEUID& uid) {
   params[F::ROUTING_COMPLEXITY] = use->routingComplexity;
   KVXMMorlanLogicAbstractModel::getGlobal().calculate(params);
   kvxe::writeResult(uid.getRow(), m_LogicPower, params[F::LOGIC_POWER]);
-  kvxe::writeResult(uid.getRow(), m_SignalPower, params[F::SIGNAL_POWER]);
+  const bool hasSignals = !kvxe::isSignalPowerDisabled();
+  kvxe::writeResult(uid.getRow(), m_SignalPower,
+                    hasSignals ? std::optional(params[F::SIGNAL_POWER]) : std::nullopt);
 }

@@ -1,5 +1,6 @@
 #include "engine/morlan/KVXEMorlanPartSelection.h"
 
+#include "engine/base/config/ConfigMgr.h"
 #include "engine/base/selection/PartNameParser.h"
 #include "models/morlan/KVXMMorlanPartsData.h"
 
@@ -55,4 +56,9 @@ const kvxe::ArchitectureDescription& KVXEMorlanPartSelection::describe() const {
 bool KVXEMorlanPartSelection::hasValidArchPrefix(const std::string& name) {
   return kvxe::sharesLeadingLetters(
       name, KVXMMorlanPartsData::getGlobal().getCfgKeys({"DEVICE_TO_FAMILY_MAP"}, false));
+}
+
+void KVXEMorlanPartSelection::resetConfiguration(KVXEBook* book) {
+  using kvxe::ConfigMgr, kvxe::Morlan;
+  ConfigMgr::getGlobal<Morlan>().reset<Morlan>(book);
 }

@@ -12,6 +12,7 @@ class KVXEMorlanPartSelection : public KVXEPartSelection {
 
  protected:
   const kvxe::ArchitectureDescription& describe() const override;
+  void resetConfiguration(KVXEBook* book) override;
 
   /// Temperature grades, which modules share.
   static const kvxe::GradeTable m_temperatures;

@@ -1,5 +1,6 @@
 // The board around the device: what loads it, where it gets warm, and what it wants from the carrier card.
 
+#include "engine/base/tabs/KVXEPowerDesignTab.h"
 #include "engine/base/workbook/KVXEBook.h"
 #include "engine/base/workbook/KVXERow.h"
 #include "engine/som/KVXESomForeignCell.h"
@@ -81,6 +82,10 @@ void addRails(const KVXEUID& uid, kvxm::Record& params, Side side) {
     const auto volts = numberIn(table->getCellAt(i, &KVXETab::m_voltageColumn));
     if (amps && volts) *params.findFloat(rule.slot) += *amps * *volts;
   }
+  if (side != Side::Logic) return;
+  // What terminations burn elsewhere is drawn from the banks' supplies, but does not heat the device.
+  float& bankWatts = *params.findFloat(BoardKey::PL_BANK_POWER);
+  bankWatts = std::max(0.0f, bankWatts - KVXEPowerDesignTab::getOffChipPower(uid));
 }
 
 /// A row of the table of interfaces: the slot that takes its count, and the most that the board has.
@@ -114,6 +119,7 @@ bool isEmmc(const Interface& interface) {
 }
 
 // The memory interface, as the tab of the processing system has it.
+constexpr ForeignCell memoryType{TabType::PS, "PS_MEMORY_INTERFACE", "Memory Type", "OPTION", "SELECTION"};
 constexpr ForeignCell memoryWidth{TabType::PS, "PS_MEMORY_INTERFACE", "Data Width", "OPTION", "SELECTION"};
 constexpr ForeignCell memoryRate{TabType::PS, "PS_MEMORY_INTERFACE", "Data Rate", "OPTION", "SELECTION"};
 constexpr ForeignCell memoryActivity{TabType::PS, "PS_MEMORY_INTERFACE", "Activity", "OPTION", "SELECTION"};
@@ -132,6 +138,9 @@ void KVXESomMorlanSummaryTab::updateSomPsParams(const KVXEUID& uid, kvxm::Record
 
 void KVXESomMorlanSummaryTab::updateSomDdrParams(const KVXEUID& uid, kvxm::Record& params) {
   const KVXEBook& book = *uid.getBook();
+  std::string type;
+  KVXECell* choice = kvxe::findCell(book, memoryType);
+  if (choice && choice->getVal(type, true) && type == "None") return;
   int bits = 0;
   if (KVXECell* cell = kvxe::findCell(book, memoryWidth); cell && cell->getVal(bits, true))
     *params.findInt(BoardKey::MEMORY_WIDTH) = bits;

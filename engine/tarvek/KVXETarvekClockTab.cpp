@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "engine/base/tabs/KVXEClockManagers.h"
 #include "engine/base/tabs/KVXELogicTab.h"
 #include "engine/base/tabs/KVXERowReading.h"
 #include "engine/base/workbook/KVXEBook.h"
@@ -9,6 +10,11 @@
 #include "models/tarvek/KVXMTarvekCleClk.h"
 #include "models/tarvek/KVXMTarvekClkDist.h"
 #include "models/tarvek/KVXMTarvekClock.h"
+#include "models/tarvek/KVXMTarvekClockMgrData.h"
+#include "models/tarvek/KVXMTarvekDpll.h"
+#include "models/tarvek/KVXMTarvekFsyn.h"
+#include "models/tarvek/KVXMTarvekIopll.h"
+#include "models/tarvek/KVXMTarvekY7Pll.h"
 
 using KVXEEnums::TabType;
 using KVXEEnums::ValueSource;
@@ -18,6 +24,8 @@ void KVXETarvekClockTab::init() {
   initClockConfigTable({.name = &KVXECell::NoFormula,
                         .fanoutPerSite = &updateFanoutPerSite,
                         .power = &updateClockConfigPowerRow});
+  initClkMgrTable(
+      {.name = &KVXECell::NoFormula, .phaseShift = &KVXECell::NoFormula, .power = &updateClockMgrPowerRow});
   initPowerTable();
   initUtilizationTable();
   initClockTagTable();
@@ -140,4 +148,32 @@ void KVXETarvekClockTab::updateClockConfigPowerRow(const KVXEUID& uid) {
   kvxe::writeResult(uid.getRow(), m_VccintPwr, vccint);
   kvxe::writeResult(uid.getRow(), m_VccramPwr, vccram);
   kvxe::writeResult(uid.getRow(), m_Power, vccint + vccram);
+}
+
+// Clock managers.
+
+std::vector<std::string> KVXETarvekClockTab::getClockMgrTypes() const {
+  return {m_FsynStr, hasY7Pll() ? m_Y7PllStr : m_IopllStr, m_DpllStr};
+}
+
+std::optional<std::pair<float, float>> KVXETarvekClockTab::getVcoLimits(const std::string& type) const {
+  return kvxm::vcoLimits(KVXMTarvekClockMgrData::getGlobal().getVcoRanges(type, kvxe::readSpeedGrade()));
+}
+
+void KVXETarvekClockTab::updateClockMgrPowerRow(const KVXEUID& uid) {
+  using kvxe::ClockManagerModel, kvxe::ClockManagerRail, kvxe::runClockManager;
+  static const ClockManagerRail fsynRails[] = {{"VCCINT", 2, 21, &m_VccintPwr},
+                                               {"VCCAUX", 3, 24, &m_VccauxPwr}};
+  static const ClockManagerRail dpllRails[] = {
+      {"VCCINT", 2, 21, &m_VccintPwr}, {"VCCRAM", 3, 22, &m_VccramPwr}, {"VCCAUX", 4, 24, &m_VccauxPwr}};
+  static const ClockManagerRail bankPllRails[] = {{"VCCINTIO", 2, 23, &m_VccioPwr},
+                                                  {"VCCAUX", 3, 24, &m_VccauxPwr}};
+  // type, divide key, multiply key, outputs, rails, model
+  static const ClockManagerModel models[] = {
+      {m_FsynStr, 8, 9, 7, fsynRails, &runClockManager<KVXMTarvekFsynParams, KVXMTarvekFsynModel>},
+      {m_DpllStr, 5, 6, 4, dpllRails, &runClockManager<KVXMTarvekDpllParams, KVXMTarvekDpllModel>},
+      {m_IopllStr, 5, 6, 3, bankPllRails, &runClockManager<KVXMTarvekIopllParams, KVXMTarvekIopllModel>},
+      {m_Y7PllStr, 5, 6, 3, bankPllRails, &runClockManager<KVXMTarvekY7PllParams, KVXMTarvekY7PllModel>},
+  };
+  kvxe::updateClockManagerPower(uid, models);
 }

@@ -22,7 +22,7 @@ void KVXETarvekLogicTab::updateSignalPowerRow(const KVXEUID& uid) {
   using F = KVXMTarvekSignalParams::FloatEnum;
   if (!kvxe::isInTable(uid, m_LogicConfigTable, "power of signals")) return;
   const std::optional<LogicRow> use = readLogicRow(uid);
-  if (!use) return uid.getCell()->setBlankAndMarkEngineClean();
+  if (!use || kvxe::isSignalPowerDisabled()) return uid.getCell()->setBlankAndMarkEngineClean();
   KVXMTarvekSignalParams params;
   fillLogic(uid, *use, params);
   params[F::ROUTING_COMPLEXITY] = use->routingComplexity;

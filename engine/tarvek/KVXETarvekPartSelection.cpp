@@ -1,5 +1,6 @@
 #include "engine/tarvek/KVXETarvekPartSelection.h"
 
+#include "engine/base/config/ConfigMgr.h"
 #include "engine/base/selection/PartNameParser.h"
 #include "models/tarvek/KVXMTarvekPartsData.h"
 
@@ -91,4 +92,9 @@ std::vector<TabType> KVXETarvekPartSelection::getTabsToShow() const {
   }
   tabs.push_back(TabType::HARD_BLOCKS);
   return tabs;
+}
+
+void KVXETarvekPartSelection::resetConfiguration(KVXEBook* book) {
+  using kvxe::ConfigMgr, kvxe::Tarvek;
+  ConfigMgr::getGlobal<Tarvek>().reset<Tarvek>(book);
 }

@@ -16,5 +16,6 @@ class KVXETarvekPartSelection : public KVXEPartSelection {
 
  protected:
   const kvxe::ArchitectureDescription& describe() const override;
+  void resetConfiguration(KVXEBook* book) override;
   std::vector<KVXEEnums::TabType> getTabsToShow() const override;
 };

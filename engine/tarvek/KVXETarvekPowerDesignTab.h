@@ -20,5 +20,11 @@ class KVXETarvekPowerDesignTab : public KVXEPowerDesignTab {
   std::string supplyGrade(const KVXEUID& uid) const override;
   void fillDeviceParams(const KVXEUID& uid, kvxm::Record& params) const override;
   void fillBlockParams(const KVXEUID& uid, kvxm::Record& params) const override;
+  std::string railGroup(const std::string& consolidation, const kvxm::Supply& supply,
+                        float nominalVolts) const override;
   void checkVoltage(const KVXEUID& uid, const std::string& rail, float volts) const override;
+
+ private:
+  static void checkSupplyPull(const KVXEUID& uid, const std::string& rail, float volts);
+  static void checkColdVoltage(const KVXEUID& uid, const std::string& rail, float volts);
 };

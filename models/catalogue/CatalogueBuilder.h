@@ -28,6 +28,8 @@ class CatalogueBuilder {
   /// Names that a section of coefficients.toml may carry.
   std::vector<std::string_view> deviceNames(Architecture architecture) const;
   std::vector<std::string_view> familyNames(Architecture architecture) const;
+  /// Names of its supplies, once for each row that says something of them.
+  std::vector<std::string_view> railNames(Architecture architecture) const;
 
   std::vector<Family> families;
   std::vector<Device> devices;
@@ -72,7 +74,6 @@ class CatalogueBuilder {
   Device* knownDevice(CsvRow& row, const DataFile& file, std::string_view column);
   void addPart(Device& device, const DataFile& file, Part part);
 
-  std::vector<std::string_view> railNames(Architecture architecture) const;
   void resolveSupplies(Device& device);
   void applyRule(Device& device, const SupplyRule& rule);
   void adoptBaseDevices();

@@ -17,6 +17,7 @@ enum class DataKind {
   Packages,
   Parts,
   Coefficients,
+  IoStandards,
   BoardRegulators,
   BoardConsumers,
   Parameters,

@@ -5,6 +5,7 @@
 
 #include "models/catalogue/CatalogueBuilder.h"
 #include "models/catalogue/CoefficientReader.h"
+#include "models/catalogue/IoStandardReader.h"
 #include "models/catalogue/ModelData.h"
 #include "models/catalogue/SomBoardReader.h"
 #include "platform/wyr_common/NDUEnv.h"
@@ -41,10 +42,15 @@ std::unique_ptr<ModelDataStore> build(std::vector<DataFile> files, Problems& pro
   });
   CatalogueBuilder builder(problems);
   SomBoardReader boardReader(problems);
+  IoStandardReader ioReader(problems);
   std::array<CoefficientSets, 2> sets;
   for (const DataFile& file : files) {
     if (file.kind == DataKind::BoardRegulators || file.kind == DataKind::BoardConsumers) {
       boardReader.read(file, builder.deviceNames(Architecture::Som));
+      continue;
+    }
+    if (file.kind == DataKind::IoStandards) {
+      ioReader.read(file, builder.railNames(architectureOf(file)));
       continue;
     }
     if (file.kind != DataKind::Coefficients) {
@@ -59,10 +65,12 @@ std::unique_ptr<ModelDataStore> build(std::vector<DataFile> files, Problems& pro
   }
   builder.finish();
   boardReader.finish();
+  ioReader.finish(builder.devices);
   auto store = std::make_unique<ModelDataStore>();
   store->catalogue =
       DeviceCatalogue(std::move(builder.families), std::move(builder.devices), std::move(builder.modules));
   store->boards = std::move(boardReader.boards);
+  store->ioBanks = std::move(ioReader.banks);
   store->characterisations = indexSets(sets, store->catalogue);
   store->parameters = std::move(builder.parameters);
   store->aliases = std::move(builder.aliases);

@@ -9,6 +9,7 @@
 
 #include "models/catalogue/Characterisation.h"
 #include "models/catalogue/DeviceCatalogue.h"
+#include "models/catalogue/IoStandards.h"
 #include "models/catalogue/SomBoard.h"
 
 namespace kvxm {
@@ -45,6 +46,7 @@ struct ModelDataStore {
   DeviceCatalogue catalogue;
   CharacterisationIndex characterisations;
   std::vector<SomBoard> boards;  ///< of the modules
+  IoBankTable ioBanks;
   std::vector<ParameterDefault> parameters;
   std::vector<std::pair<std::string, std::string>> aliases;  ///< former and present name of a device
   std::vector<std::string> errors;

@@ -30,8 +30,9 @@ StaticBlock blockOf(const Supply& supply, std::span<const StaticBlockRule> rules
   return StaticBlock::ProgrammableLogic;
 }
 
-double processCorner(const Device& device, std::string_view process, bool isLowScreen) {
-  if (process != "Maximum") return 1.0;
+/// The maximum process is a bound that no typical part changes.
+double processCorner(const Device& device, std::string_view process, bool isLowScreen, double typical) {
+  if (process != "Maximum") return typical;
   const double spread = device.maxProcessLeakage - 1.0;
   return 1.0 + (isLowScreen ? lowScreenSpread * spread : spread);
 }
@@ -45,7 +46,8 @@ StaticResult railsOf(Record& params, const Device& device, std::span<const Stati
                      const StaticAdjustment& adjustment) {
   StaticResult result;
   result.railCount = std::min(device.supplies.size(), mostStaticRails);
-  const double corner = processCorner(device, *params.findString(StaticKey::PROCESS), adjustment.isLowScreen);
+  const double corner = processCorner(device, *params.findString(StaticKey::PROCESS), adjustment.isLowScreen,
+                                      used(*params.findFloat(StaticKey::TYPICAL_PROCESS_FACTOR)));
   for (std::size_t i = 0; i < result.railCount; ++i) {
     const Supply& supply = device.supplies[i];
     const double factor = supply.rail == adjustment.scaledRail ? adjustment.railFactor : 1.0;

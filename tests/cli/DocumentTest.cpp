@@ -21,7 +21,7 @@ std::vector<std::string> blocksBehind(const std::string& document, const std::st
 TEST(DesignSheetDocument, SheetsDoWhatItSays) {
   const std::string document = readFile(KVX_SOURCE_DIR "/docs/design-sheet.md");
   const auto sheets = blocksBehind(document, "<!-- sheet: estimates -->");
-  EXPECT_EQ(sheets.size(), 2u);
+  EXPECT_EQ(sheets.size(), 3u);
   for (const std::string& sheet : sheets) EXPECT_EQ(estimateText(sheet).mistakes, "") << sheet;
   const auto wrong = blocksBehind(document, "<!-- sheet: mistakes -->");
   auto mistakes = blocksBehind(document, "<!-- mistakes -->");
@@ -51,6 +51,8 @@ TEST(JsonDocument, NamesEveryMember) {
   full.budget = 1.0;
   full.blocks.emplace_back();
   full.rails.emplace_back();
+  full.supplies.emplace_back();
+  full.resources.emplace_back();
   full.components.emplace_back();
   full.messages.emplace_back();
   std::vector<std::string> members;

@@ -110,6 +110,96 @@ TEST(Estimate, RailOutOfRangeIsAnError) {
   EXPECT_EQ(wrong.messages[0].text.find('<'), std::string::npos);
 }
 
+TEST(Estimate, LimitsFollowFromOtherCellsInAnyOrder) {
+  const std::string sheets[] = {
+      "[[bram]]\nbram_count = 100\ncascade_group_size = 8\n",
+      "[[bram]]\ncascade_group_size = 12\nbram_count = 100\n",
+      "[[bram]]\nmode = 'BMEM36SDP'\nport_a_bit_width = 72\nport_b_bit_width = 9\n",
+      "[[bram]]\nport_b_bit_width = 72\nport_a_bit_width = '9'\nmode = 'bmem36_sdp'\n",
+  };
+  for (const std::string& sheet : sheets) {
+    SCOPED_TRACE(sheet);
+    EXPECT_FALSE(estimate(sheet).hasErrors());
+  }
+}
+
+TEST(Estimate, SupplyCarriesItsRails) {
+  const kvx::Estimate result =
+      estimate(Design +
+                   "[[power_design.power_rail_consolidation]]\noption = 'Power Rail Consolidation'\n"
+                   "selection = 'Minimum Rails'\n"
+                   "[[power_design.power_delivery_design]]\npower_rail_group = 'CORE_0V80'\n"
+                   "schematic_name = 'buck'\navailable = '100 mA'\nvoltage = '790 mV'\n",
+               {"process=Maximum"});
+  EXPECT_EQ(result.consolidation, "Minimum Rails");
+  ASSERT_GT(result.supplies.size(), 1u);
+  for (const auto& supply : result.supplies) {
+    SCOPED_TRACE(supply.group);
+    EXPECT_GT(supply.rails.size(), 1u);
+    double amperes = 0, most = 0, step = 0;
+    for (const auto& rail : result.rails) {
+      if (rail.group != supply.group) continue;
+      EXPECT_EQ(rail.volts, supply.volts) << rail.name;
+      amperes += rail.amperes;
+      most += rail.powerupAmperes.value_or(rail.amperes);
+      step += rail.stepLoad.value_or(0) * rail.dynamicAmperes;
+    }
+    EXPECT_NEAR(supply.estimatedAmperes, amperes, 1e-5);
+    EXPECT_NEAR(supply.stepLoadAmperes, step, 1e-5);
+    const bool isCore = supply.group == "CORE_0V80";
+    ASSERT_EQ(supply.marginAmperes.has_value(), isCore);
+    if (!isCore) continue;
+    EXPECT_EQ(supply.volts, 0.79f);
+    EXPECT_NEAR(*supply.marginAmperes, 0.1 - most, 1e-5);
+  }
+  const std::string text = kvx::printEstimate(result, kvx::Style(false));
+  EXPECT_NE(text.find("\n  buck: "), std::string::npos) << text;
+  EXPECT_NE(text.find("Power Design / Power Delivery Design / CORE_0V80: The supply gives less"),
+            std::string::npos)
+      << text;
+}
+
+TEST(Estimate, TerminationsOutsideAreOffChip) {
+  const std::string pins =
+      "[[clock]]\nname = 'clk'\nfrequency = 200\n"
+      "[[io]]\ni_o_standard = 'SSTL 1.2V'\noutputs = 20\nclock = 'clk'\noutput_termination = ";
+  const kvx::Estimate open = estimate(pins + "'None'\n");
+  const kvx::Estimate terminated = estimate(pins + "'FP_VTT_50'\n");
+  EXPECT_EQ(open.offChipWatts, 0);
+  EXPECT_GT(terminated.offChipWatts, 0.01f);
+  const auto drawn = [](const kvx::Estimate& result) {
+    double watts = 0;
+    for (const auto& rail : result.rails) watts += rail.watts();
+    return watts;
+  };
+  EXPECT_NEAR(drawn(terminated) - terminated.totalWatts() - (drawn(open) - open.totalWatts()),
+              terminated.offChipWatts, 0.01 * static_cast<double>(terminated.offChipWatts));
+}
+
+TEST(Estimate, OverfilledDeviceIsWarnedOf) {
+  const struct {
+    std::string row, line;
+  } cases[] = {
+      {"[[logic]]\nname = 'a'\nregisters = 9000000\n", "Registers"},
+      {"[[bram]]\nname = 'a'\nbram_count = 9000\nmode = 'BMEM36'\n", "BRAM"},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.row);
+    const kvx::Estimate result = estimate(each.row);
+    EXPECT_FALSE(result.hasErrors());
+    const std::string text = kvx::printEstimate(result, kvx::Style(false));
+    const std::size_t messages = text.find("\nMessages\n");
+    ASSERT_NE(messages, std::string::npos) << text;
+    EXPECT_NE(text.find("Utilization exceeds 100%", messages), std::string::npos) << text;
+    const auto lines = linesOf(text.substr(text.find("\nUtilization ")));
+    const auto line = std::find_if(lines.begin(), lines.end(), [&](const std::string& candidate) {
+      return candidate.find(' ' + each.line + ' ') != std::string::npos;
+    });
+    ASSERT_NE(line, lines.end()) << text;
+    EXPECT_GT(std::stod(line->substr(line->rfind(' '))), 100) << *line;
+  }
+}
+
 // Printing.
 
 /// The number in the line that begins so, in the table of blocks.
@@ -163,11 +253,33 @@ TEST(PrintEstimate, ColourIsOnlyAddedOnRequest) {
   for (const std::string& line : linesOf(plain)) EXPECT_LE(line.size(), 100u);
 }
 
+TEST(PrintEstimate, ShowsSuppliesThatAreSharedOrGiven) {
+  kvx::Estimate result;
+  result.offChipWatts = 0.25f;
+  result.supplies = {
+      {"ALONE", "", {"A"}, 1.0f, std::nullopt, 0.5f, 0.0f, std::nullopt},
+      {"GIVEN", "", {"B"}, 1.0f, 0.4f, 0.5f, 0.0f, -0.1f},
+      {"SHARED", std::string(150, 'n'), {"C", "D"}, 1.0f, std::nullopt, 3e38f, 0.0f, std::nullopt}};
+  const std::string plain = kvx::printEstimate(result, kvx::Style(false));
+  EXPECT_EQ(plain.find("ALONE"), std::string::npos);
+  EXPECT_NE(plain.find("\nGIVEN"), std::string::npos);
+  EXPECT_NE(plain.find(": C, D\n"), std::string::npos) << plain;
+  EXPECT_NE(plain.find("Off-chip power             0.250 W"), std::string::npos) << plain;
+  for (const std::string& line : linesOf(plain)) EXPECT_LE(line.size(), 100u) << line;
+  EXPECT_NE(kvx::printEstimate(result, kvx::Style(true)).find("\x1b[33m         -0.100"), std::string::npos);
+  result.supplies.resize(1);
+  result.offChipWatts = 0;
+  const std::string bare = kvx::printEstimate(result, kvx::Style(false));
+  EXPECT_EQ(bare.find("Supply"), std::string::npos);
+  EXPECT_EQ(bare.find("Off-chip"), std::string::npos);
+}
+
 TEST(JsonEstimate, NumbersReadBackAndTextsAreEscaped) {
   kvx::Estimate result;
   result.name = "quote \" and \xff";
   result.blocks = {{"A", "C", false, 0.1f}, {"B", "", true, 1e-7f}};
   result.rails = {{"R", 0.85f, 0.3f, 0.1f, 0.4f}};
+  result.supplies = {{"G", "", {"R", "S"}, 0.85f, 2.0f, 0.4f, 0.1f, 1.6f}};
   const std::string text = kvx::jsonEstimate(result);
   EXPECT_NE(text.find("\"power_w\": 0.1\n"), std::string::npos) << text;
   const auto document = nlohmann::json::parse(text);
@@ -175,6 +287,10 @@ TEST(JsonEstimate, NumbersReadBackAndTextsAreEscaped) {
   EXPECT_EQ(document["blocks"][1]["power_w"].get<float>(), 1e-7f);
   EXPECT_EQ(document["blocks"][1]["category"], nullptr);
   EXPECT_EQ(document["rails"][0]["voltage_v"].get<float>(), 0.85f);
+  EXPECT_EQ(document["rails"][0]["group"], nullptr);
+  EXPECT_EQ(document["rails"][0]["powerup_a"], nullptr);
+  EXPECT_EQ(document["supplies"][0]["rails"], (std::vector<std::string>{"R", "S"}));
+  EXPECT_EQ(document["supplies"][0]["margin_a"].get<float>(), 1.6f);
   EXPECT_EQ(document["budget"], nullptr);
 }
 

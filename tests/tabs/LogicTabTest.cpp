@@ -1,3 +1,5 @@
+#include "engine/base/tabs/KVXEConfigTable.h"
+#include "tests/kit/ParamSwitch.h"
 #include "tests/tabs/ClockLogicBook.h"
 
 using namespace ::testing;
@@ -55,6 +57,18 @@ TEST_P(LogicTab, PowerIsLinearInFrequencyAndQuadraticInVoltage) {
   setVolts(0.8f * 1.05f);
   calculate();
   EXPECT_NEAR(power(1), 2 * 1.1025 * before, 1e-5 * before);
+}
+
+TEST_P(LogicTab, SignalsMayBeLeftOut) {
+  const float whole = power(1), cells = number(module(1, Logic::m_LogicPower));
+  {
+    const ParamSwitch withoutSignals("DISABLE_SIGNAL_POWER");
+    settle();
+    EXPECT_FLOAT_EQ(power(1), cells);
+    EXPECT_EQ(number(railPower(logicTab(), "VCCINT")), power(1));
+  }
+  settle();
+  EXPECT_FLOAT_EQ(power(1), whole);
 }
 
 TEST_P(LogicTab, TwoModulesCostWhatTheirSumCosts) {
@@ -143,12 +157,12 @@ TEST_P(LogicTab, FullOfModulesHasFewEdges) {
   for (unsigned int i = 1; i <= 20; ++i)
     addClock(i, "clk" + std::to_string(i), 10.0f * static_cast<float>(i));
   settle();
-  for (unsigned int i = 1; i <= Logic::RowCount; ++i)
+  for (unsigned int i = 1; i <= kvxe::configRowCount; ++i)
     addModule(i, text(clock(1 + i % 20, Clock::m_ClockTag)));
   settle();
   const auto countEdges = [&] {
     size_t edges = 0;
-    for (unsigned int i = 1; i <= Logic::RowCount; ++i)
+    for (unsigned int i = 1; i <= kvxe::configRowCount; ++i)
       for (unsigned int column = 0; column < modules()->getColumnCount(); ++column)
         for (KVXECell* source :
              KVXECalculationMgr::getGlobal().getDirectSources(modules()->getCellAt(i, column)))
@@ -156,7 +170,7 @@ TEST_P(LogicTab, FullOfModulesHasFewEdges) {
     return edges;
   };
   const size_t edges = countEdges();
-  EXPECT_LT(edges, 12 * Logic::RowCount * modules()->getColumnCount());
+  EXPECT_LT(edges, 12 * kvxe::configRowCount * modules()->getColumnCount());
   put(clock(1, Clock::m_Name), std::string("renamed"));
   KVXECalculationMgr::getGlobal().incrCalculate();
   EXPECT_EQ(tagOf(20), "10.000 MHz (renamed)");

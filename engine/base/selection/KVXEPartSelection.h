@@ -11,6 +11,7 @@
 #include "engine/base/selection/ArchitectureDescription.h"
 #include "engine/base/workbook/KVXEEnums.h"
 
+class KVXEBook;
 class KVXETab;
 
 /// The user's choice of one device: named settings, kept consistent with the catalogue as a cascade of
@@ -149,6 +150,8 @@ class KVXEPartSelection {
   virtual std::vector<std::pair<std::string, int>> getResourceData(const std::string& part) const;
   /// The tabs that the device has whatever its resources.
   virtual std::vector<KVXEEnums::TabType> getTabsToShow() const;
+  /// Makes the typed records of the architecture those of the tables that the book has now.
+  virtual void resetConfiguration(KVXEBook* book) = 0;
   /// Has the front end fetch the tab as a whole: what it shows hangs on the device.
   void refreshViews(KVXETab* tab);
 

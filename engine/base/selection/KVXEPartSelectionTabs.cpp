@@ -65,6 +65,7 @@ void KVXEPartSelection::redrawTabs(bool deleteTabs) {
   for (unsigned int i = 0; i < book->getTabCount(); ++i) {
     if (KVXETab* tab = book->getTab(i)) tab->setIsEnabled(isShown[i]);
   }
+  resetConfiguration(book);
   setDevicePkg();
 }
 

@@ -35,6 +35,7 @@ const KVXEColumn clockColumns[] = {
     {.title = &Tab::m_Source,
      .type = STRING,
      .isEditable = true,
+     .formula = &Tab::updateClockSource,
      .isDropdown = true,
      .entries = clockSources,
      .toolTip = "<html>Select the source of the clock:\nUse External for IO driven clocks.\nUser Internal "
@@ -114,6 +115,9 @@ const KVXEColumn clockTagColumns[] = {
      .type = INT,
      .formula = &Tab::updateClockDropdownLists,
      .toolTip = "Columns of this book that offer the clocks."},
+    {.title = &Tab::m_RefClockCount,
+     .type = INT,
+     .toolTip = "Frequencies that clock managers are offered as their reference."},
 };
 
 }  // namespace
@@ -171,7 +175,7 @@ int availableRegions() {
 /// The regions that a design occupies are the share of the device that its logic fills, rounded up: placement
 /// keeps a design together, and a region is clocked or not.
 KVXEClockTab::DesignUse KVXEClockTab::readDesignUse(const KVXEUID& uid) {
-  constexpr float MostUsed = 1e9f;  // an int holds it; counts are sums of what users enter
+  constexpr float MostUsed = 4e8f;  // an int holds a few of it; counts are sums of what users enter
   const auto used = [&](TabType tab, const std::string& type) {
     return static_cast<int>(std::clamp(kvxe::readUsedCount(uid, tab, type), 0.0f, MostUsed));
   };
@@ -180,12 +184,15 @@ KVXEClockTab::DesignUse KVXEClockTab::readDesignUse(const KVXEUID& uid) {
   };
   const float filled = std::max(share(KVXELogicTab::m_RegistersStr), share(KVXELogicTab::m_LutsStr));
   const float regions = static_cast<float>(availableRegions());
+  int pins = 0;
+  for (const char* bank : {"HSIO", "LSIO", "MSIO"}) pins += used(TabType::IO, bank);
+  for (const char* bank : {"Y7IO", "LSIO"}) pins += used(TabType::Y7IO, bank);
   return {.regions = static_cast<int>(std::ceil(std::clamp(filled, 0.0f, 1.0f) * regions)),
           .registers = used(TabType::LOGIC, KVXELogicTab::m_RegistersStr),
           .blockRams = used(TabType::BRAM, "BRAM"),
           .wideRams = used(TabType::WRAM, "WRAM"),
           .dsps = used(TabType::DSP, "DSP"),
-          .ios = used(TabType::IO, "IO")};
+          .ios = pins};
 }
 
 void KVXEClockTab::logDetails(const ClockRow& clock, float vccintWatts, float vccramWatts) {
@@ -250,24 +257,4 @@ kvxe::UtilizationRow KVXEClockTab::clockUtilizationRow() {
 std::string KVXEClockTab::managerOverflowText(const std::string& type) {
   return "<html>" + type +
          " utilization exceeds 100%.\nPlease review the usage in Clock Managers table.</html>";
-}
-
-float KVXEClockTab::getClkMgrPower(const KVXEUID& uid, const std::string& type) {
-  std::vector<KVXECell*> cells;
-  if (!uid.getTab()->getTable(&m_ClkMgrTable)) return 0.0f;
-  uid.getTab()->lookup<std::string>(&m_ClkMgrTable, type, &m_ClkMgrType, &m_Power, cells, false);
-  double watts = 0.0;
-  for (KVXECell* cell : cells)
-    if (float value = 0.0f; cell->getVal(value, true)) watts += value;
-  return static_cast<float>(watts);
-}
-
-int KVXEClockTab::getNumClkMgrsUsed(const KVXEUID& uid, const std::string& type) {
-  std::vector<KVXECell*> names;
-  if (!uid.getTab()->getTable(&m_ClkMgrTable)) return 0;
-  uid.getTab()->lookup<std::string>(&m_ClkMgrTable, type, &m_ClkMgrType, &m_Name, names, false);
-  return static_cast<int>(std::count_if(names.begin(), names.end(), [](KVXECell* cell) {
-    std::string name;
-    return cell->getVal(name, true);
-  }));
 }

@@ -26,8 +26,14 @@ class KVXEClockTab : public KVXETab {
   static const KVXETitle m_ClockConfigTable, m_ClkMgrTable;
   static const KVXETitle m_Name, m_Source, m_ClockFreq, m_Fanout, m_FanoutPerSite, m_ClkBufEnable,
       m_SliceClkEnable, m_VccintPwr, m_VccramPwr, m_ClockMgr, m_ClockTag, m_UserComments;
-  static const KVXETitle m_ClkMgrType, m_VccioPwr, m_VccauxPwr;            // of the clock manager table
-  static const KVXETitle m_ClockTagTable, m_TagCount, m_ClockColumnCount;  // hidden, one row
+  // Of the clock manager table.
+  static const KVXETitle m_ClkMgrType, m_RefClock, m_PhaseShift, m_DivideCounter, m_MultiplyCounter,
+      m_VcoFreq, m_VcoRange, m_VccioPwr, m_VccauxPwr, m_InputClkName, m_OutputClkNames, m_PowerDown;
+  static const KVXETitle m_Clk0Divide, m_Clk1Divide, m_Clk2Divide, m_Clk3Divide, m_Clk4Divide, m_Clk5Divide,
+      m_Clk6Divide;
+  static const KVXETitle m_Clk0FanoutRow, m_Clk1FanoutRow, m_Clk2FanoutRow, m_Clk3FanoutRow, m_Clk4FanoutRow,
+      m_Clk5FanoutRow, m_Clk6FanoutRow;
+  static const KVXETitle m_ClockTagTable, m_TagCount, m_ClockColumnCount, m_RefClockCount;  // hidden, one row
 
   static const std::string m_FsynStr, m_PllStr, m_DpllStr, m_IopllStr, m_Y7PllStr, m_ClockStr;
 
@@ -38,6 +44,11 @@ class KVXEClockTab : public KVXETab {
   using KVXETab::KVXETab;
   std::string className() const override { return "KVXEClockTab"; }
   std::string getPlaceholderText() const override { return ""; }
+
+  /// The types of clock managers that the selected device has, in the order of their drop-down list.
+  virtual std::vector<std::string> getClockMgrTypes() const { return {}; }
+  /// The frequency in MHz (least, most) of the oscillator of a type; nothing for an unknown type.
+  virtual std::optional<std::pair<float, float>> getVcoLimits(const std::string& type) const;
 
   /// The tag of the clock with that name; empty when there is none.
   std::string getClockTag(const std::string& name);
@@ -50,14 +61,24 @@ class KVXEClockTab : public KVXETab {
   /// Clock managers of one type, which are the rows of that type that have a name.
   static int getNumClkMgrsUsed(const KVXEUID& uid, const std::string& type);
 
+  /// The row of the first clock with that tag, null when there is none. The formula that asks depends on the
+  /// list of tags, so that it follows when a clock comes or goes.
+  static KVXERow* findClockRow(const KVXEUID& uid, const std::string& tag);
+
   // Formulas.
 
   /// The formula of every clock column of every tab. The cell keeps the text that was put into it.
   static void updateClockDropdown(const KVXEUID& uid);
+  /// A clock that a manager puts out has a source beside those that the list offers.
+  static void updateClockSource(const KVXEUID& uid);
   static void clockFreqChanged(const KVXEUID& uid);
   static void updateClockTagRow(const KVXEUID& uid);
   static void updateClockTagList(const KVXEUID& uid);
   static void updateClockDropdownLists(const KVXEUID& uid);
+  /// Offers the types of the selected device.
+  static void updateClkMgrType(const KVXEUID& uid);
+  /// The frequency of the oscillator, with a warning when the type cannot run at it.
+  static void updateVCOFreq(const KVXEUID& uid);
   static void updateVccintActivePowerInPowerTable(const KVXEUID& uid);
   static void updateVccramActivePowerInPowerTable(const KVXEUID& uid);
   static void updateVccintioActivePowerInPowerTable(const KVXEUID& uid);
@@ -115,7 +136,18 @@ class KVXEClockTab : public KVXETab {
   /// The stored texts of a column without a dependency for the formula that asks, for what is decided once.
   static std::vector<std::string> peekColumn(KVXETable* table, const KVXETitle& column);
 
+  /// A name of the prefix and the lowest number that the column does not hold yet.
+  static std::string unusedName(KVXETable* table, const KVXETitle& column, const std::string& prefix);
+
+  /// What the architectures' clock manager tables differ in.
+  struct ManagerFormulas {
+    KVXEFormula name;
+    KVXEFormula phaseShift;
+    KVXEFormula power;
+  };
+
   void initClockConfigTable(const ClockFormulas& formulas);
+  KVXETable* initClkMgrTable(const ManagerFormulas& formulas);
   void initClockTagTable();
 
   /// The row of the utilization table for the clocks themselves.
@@ -156,6 +188,8 @@ class KVXEClockTab : public KVXETab {
   };
   static DesignUse readDesignUse(const KVXEUID& uid);
 
+  /// Gives the column of the manager's type its list and its tool tip.
+  void offerClkMgrTypes(KVXETable* table) const;
   static std::string managerOverflowText(const std::string& type);
   void readClockTags();
   Renames findRenames(const std::vector<TagChange>& changes) const;

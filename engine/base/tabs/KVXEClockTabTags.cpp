@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <boost/unordered/unordered_flat_set.hpp>
+#include <unordered_set>
 
 #include "engine/base/calculation/KVXECalculationMgr.h"
 #include "engine/base/config/ClockTag.h"
@@ -11,6 +12,7 @@
 #include "engine/base/workbook/KVXEBook.h"
 #include "engine/base/workbook/KVXEHeaderRow.h"
 #include "engine/base/workbook/KVXETemplateCell.h"
+#include "models/common/KVXMHelperUtils.h"
 
 using KVXEEnums::CellState;
 using KVXEEnums::TabType;
@@ -64,6 +66,19 @@ void carryInto(KVXECell* cell, const std::string& text) {
 }
 
 }  // namespace
+
+void KVXEClockTab::updateClockSource(const KVXEUID& uid) {
+  auto* cell = dynamic_cast<KVXEStringCell*>(uid.getCell());
+  if (!cell || !kvxe::isInTable(uid, m_ClockConfigTable, "source of a clock")) return;
+  auto* column = dynamic_cast<KVXEStringCell*>(uid.getTable()->getHeaderRow()->getDefaultCell(&m_Source));
+  std::vector<std::string> list = column->getDDVals();
+  const std::string& source = cell->readVal(false);
+  // An output of a clock manager reads "type:manager:output".
+  if (source.find(':') != std::string::npos) list.push_back(source);
+  if (cell->getDDVals() != list)
+    cell->setDDValsAndMarkEngineClean(list == column->getDDVals() ? std::vector<std::string>() : list);
+  cell->markEngineClean();
+}
 
 void KVXEClockTab::clockFreqChanged(const KVXEUID& uid) {
   uid.getCell()->markEngineClean();  // the tag reads the frequency, so it follows by itself
@@ -206,6 +221,17 @@ void KVXEClockTab::updateClockDropdown(const KVXEUID& uid) {
 
 // Queries.
 
+KVXERow* KVXEClockTab::findClockRow(const KVXEUID& uid, const std::string& tag) {
+  const KVXEClockTab* tab = clockTabOf(uid.getBook());
+  KVXETable* list = tab ? tab->getTable(&m_ClockTagTable) : nullptr;
+  if (!list) return nullptr;
+  int tagCount = 0;
+  list->getCellAt(1, &m_TagCount)->getVal(tagCount, true);
+  const auto found = tab->m_tagRows.find(tag);
+  return found == tab->m_tagRows.end() ? nullptr
+                                       : tab->getTable(&m_ClockConfigTable)->getRow(found->second.first);
+}
+
 std::vector<std::string> KVXEClockTab::peekColumn(KVXETable* table, const KVXETitle& column) {
   std::vector<std::string> texts;
   for (unsigned int i = 1; i < table->getRowCount(); ++i) {
@@ -214,6 +240,15 @@ std::vector<std::string> KVXEClockTab::peekColumn(KVXETable* table, const KVXETi
     cell->getVal(texts.emplace_back(), false);
   }
   return texts;
+}
+
+std::string KVXEClockTab::unusedName(KVXETable* table, const KVXETitle& column, const std::string& prefix) {
+  const std::vector<std::string> names = peekColumn(table, column);
+  const std::unordered_set<std::string> used(names.begin(), names.end());
+  for (int number = 1;; ++number) {
+    std::string name = prefix + KVXMHelperUtils::ToString(number);
+    if (!used.contains(name)) return name;
+  }
 }
 
 void KVXEClockTab::getClockdropdown(std::vector<std::string>& list) {

@@ -2,15 +2,12 @@
 
 #include <algorithm>
 
-#include "engine/base/tabs/KVXEClockTab.h"
+#include "engine/base/tabs/KVXEConfigTable.h"
 #include "engine/base/tabs/KVXERowReading.h"
 #include "engine/base/tabs/KVXEUtilization.h"
-#include "engine/base/workbook/KVXEHeaderRow.h"
 #include "engine/base/workbook/KVXERow.h"
 
 using enum KVXEEnums::CellType;
-using KVXEEnums::GridComponentType;
-using KVXEEnums::Unit;
 using KVXEEnums::Visibility;
 
 using Title = const KVXETitle;
@@ -41,39 +38,25 @@ using Tab = KVXELogicTab;
 
 constexpr float DefaultToggleRate = 0.125f;
 constexpr float DefaultRoutingComplexity = 10.0f;
-
-KVXEColumn countColumn(const KVXETitle& title, const char* toolTip) {
-  return {.title = &title, .type = INT, .isEditable = true, .minimum = 0, .toolTip = toolTip};
-}
+constexpr double LargestToggleRate = 2.0;  // a clock's own rate
 
 // The formulas of the last two are the architecture's.
 const KVXEColumn logicColumns[] = {
-    {.title = &Tab::m_Name,
-     .type = STRING,
-     .isEditable = true,
-     .toolTip = "<html>The name of this module.</html>"},
-    {.title = &Tab::m_Clock,
-     .type = STRING,
-     .isEditable = true,
-     .formula = &KVXEClockTab::updateClockDropdown,
-     .isDropdown = true,
-     .toolTip = "<html>The clock of this module, from the clock tab.\nA module without a clock has no "
-                "dynamic power.</html>"},
-    countColumn(Tab::m_LutAsLogic, "<html>The number of LUTs that this module uses as logic.</html>"),
-    countColumn(Tab::m_LutAsSRL, "<html>The number of LUTs that this module uses as shift registers.</html>"),
-    countColumn(Tab::m_LutAsDRAM,
-                "<html>The number of LUTs that this module uses as distributed RAMs.</html>"),
-    countColumn(Tab::m_Registers, "<html>The number of registers that this module uses.</html>"),
-    {.title = &Tab::m_ToggleRate,
-     .type = FLOAT,
-     .isEditable = true,
-     .unit = Unit::PERCENTAGE_SHOW,
-     .number = DefaultToggleRate,
-     .minimum = 0,
-     .maximum = 2,
-     .toolTip =
-         "<html>The rate at which the outputs of this module switch, relative to the clock.\n100% is one "
-         "transition in each clock cycle; most logic lies below 25%, a free running toggle at 100%.</html>"},
+    kvxe::column::name(Tab::m_Name, "<html>The name of this module.</html>"),
+    kvxe::column::clock(Tab::m_Clock,
+                        "<html>The clock of this module, from the clock tab.\nA module without a clock has "
+                        "no dynamic power.</html>"),
+    kvxe::column::count(Tab::m_LutAsLogic, "<html>The number of LUTs that this module uses as logic.</html>"),
+    kvxe::column::count(Tab::m_LutAsSRL,
+                        "<html>The number of LUTs that this module uses as shift registers.</html>"),
+    kvxe::column::count(Tab::m_LutAsDRAM,
+                        "<html>The number of LUTs that this module uses as distributed RAMs.</html>"),
+    kvxe::column::count(Tab::m_Registers, "<html>The number of registers that this module uses.</html>"),
+    kvxe::column::rate(
+        Tab::m_ToggleRate, DefaultToggleRate,
+        "<html>The rate at which the outputs of this module switch, relative to the clock.\n100% is one "
+        "transition in each clock cycle; most logic lies below 25%, a free running toggle at 100%.</html>",
+        LargestToggleRate),
     {.title = &Tab::m_RoutingComplexity,
      .type = FLOAT,
      .isEditable = true,
@@ -81,23 +64,14 @@ const KVXEColumn logicColumns[] = {
      .minimum = 0,
      .toolTip = "<html>How much interconnect the nets of this module need on average:\n10 is medium, 12 is "
                 "high.</html>"},
-    {.title = &Tab::m_VccintPower,
-     .type = FLOAT,
-     .formula = &Tab::updateVccintPowerRow,
-     .unit = Unit::POWER_SHOW,
-     .toolTip =
-         "<html>The power that this module draws from the core supply: its logic and its signals.</html>"},
-    {.title = &Tab::m_UserComments, .type = STRING, .isEditable = true, .toolTip = "Any text of your own."},
-    {.title = &Tab::m_LogicPower,
-     .type = FLOAT,
-     .unit = Unit::POWER_SHOW,
-     .toolTip = "Power inside the LUTs and registers.",
-     .visibility = Visibility::INTERNAL},
-    {.title = &Tab::m_SignalPower,
-     .type = FLOAT,
-     .unit = Unit::POWER_SHOW,
-     .toolTip = "Power of the nets that the LUTs and registers drive.",
-     .visibility = Visibility::INTERNAL},
+    kvxe::column::watts(
+        Tab::m_VccintPower, &Tab::updateVccintPowerRow,
+        "<html>The power that this module draws from the core supply: its logic and its signals.</html>"),
+    kvxe::column::comments(Tab::m_UserComments),
+    kvxe::column::watts(Tab::m_LogicPower, &KVXECell::NoFormula, "Power inside the LUTs and registers.",
+                        Visibility::INTERNAL),
+    kvxe::column::watts(Tab::m_SignalPower, &KVXECell::NoFormula,
+                        "Power of the nets that the LUTs and registers drive.", Visibility::INTERNAL),
 };
 
 }  // namespace
@@ -110,14 +84,10 @@ void KVXELogicTab::initTables(KVXEFormula logicPower, KVXEFormula signalPower) {
 }
 
 void KVXELogicTab::initLogicConfigTable(KVXEFormula logicPower, KVXEFormula signalPower) {
-  KVXETable* table = createTable(&m_LogicConfigTable, true, false, true, GridComponentType::TABLE);
-  table->addColumns(logicColumns);
-  table->getHeaderRow()->getDefaultCell(&m_LogicPower)->assignFormula(logicPower);
-  table->getHeaderRow()->getDefaultCell(&m_SignalPower)->assignFormula(signalPower);
-  table->setTabWidgetTitle("Logic");
-  table->setPilotColumnTitle(&m_Name);
-  table->setHasTableEditingFeatures(true);
-  table->getOrCreateRow(RowCount);
+  std::vector<KVXEColumn> columns(std::begin(logicColumns), std::end(logicColumns));
+  columns.end()[-2].formula = logicPower;
+  columns.end()[-1].formula = signalPower;
+  kvxe::createConfigTable(*this, m_LogicConfigTable, columns, m_Name, "Logic");
 }
 
 void KVXELogicTab::initPowerTable() {
@@ -164,8 +134,7 @@ void KVXELogicTab::updateVccintPowerRow(const KVXEUID& uid) {
 }
 
 void KVXELogicTab::updateVccintActivePowerInPowerTable(const KVXEUID& uid) {
-  if (!kvxe::isInTable(uid, m_PowerTable, "power of the logic tab")) return;
-  uid.getCell()->setValAndMarkEngineClean(uid.getTab()->sumColumn(&m_LogicConfigTable, &m_VccintPower));
+  kvxe::sumIntoRail<m_LogicConfigTable, m_VccintPower>(uid);
 }
 
 // Utilization.
@@ -173,9 +142,7 @@ void KVXELogicTab::updateVccintActivePowerInPowerTable(const KVXEUID& uid) {
 namespace {
 
 template <const KVXETitle& Column>
-std::optional<float> sumOfColumn(const KVXEUID& uid) {
-  return uid.getTab()->sumColumn(&KVXELogicTab::m_LogicConfigTable, &Column);
-}
+constexpr auto countOf = &kvxe::sumOfColumn<Tab::m_LogicConfigTable, Column>;
 
 /// All LUTs, from the rows under it, so that the columns are read once.
 std::optional<float> sumOfLutRows(const KVXEUID& uid) {
@@ -189,13 +156,11 @@ const std::vector<kvxe::UtilizationRow>& utilizationRows() {
   static const std::string overflow =
       "<html>Utilization exceeds 100%.\nPlease review the usage in Logic table.</html>";
   static const std::vector<kvxe::UtilizationRow> rows{
-      {KVXELogicTab::m_RegistersStr, "FF", &sumOfColumn<KVXELogicTab::m_Registers>, nullptr, overflow},
-      {KVXELogicTab::m_LutsStr, "LUT", &sumOfLutRows, nullptr, overflow},
-      {KVXELogicTab::m_LogicStr, "LUT", &sumOfColumn<KVXELogicTab::m_LutAsLogic>, nullptr, overflow},
-      {KVXELogicTab::m_ShiftRegistersStr, "LUTRAM", &sumOfColumn<KVXELogicTab::m_LutAsSRL>, nullptr,
-       overflow},
-      {KVXELogicTab::m_DistributedRamsStr, "LUTRAM", &sumOfColumn<KVXELogicTab::m_LutAsDRAM>, nullptr,
-       overflow},
+      {Tab::m_RegistersStr, "FF", countOf<Tab::m_Registers>, nullptr, overflow},
+      {Tab::m_LutsStr, "LUT", &sumOfLutRows, nullptr, overflow},
+      {Tab::m_LogicStr, "LUT", countOf<Tab::m_LutAsLogic>, nullptr, overflow},
+      {Tab::m_ShiftRegistersStr, "LUTRAM", countOf<Tab::m_LutAsSRL>, nullptr, overflow},
+      {Tab::m_DistributedRamsStr, "LUTRAM", countOf<Tab::m_LutAsDRAM>, nullptr, overflow},
   };
   return rows;
 }

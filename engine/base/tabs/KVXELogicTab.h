@@ -16,8 +16,6 @@ class KVXELogicTab : public KVXETab {
   // Rows of the utilization table.
   static const std::string m_RegistersStr, m_LutsStr, m_LogicStr, m_ShiftRegistersStr, m_DistributedRamsStr;
 
-  static constexpr unsigned int RowCount = 500;
-
   using KVXETab::KVXETab;
   std::string className() const override { return "KVXELogicTab"; }
   std::string getPlaceholderText() const override { return ""; }

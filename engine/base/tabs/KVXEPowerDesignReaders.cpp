@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "engine/base/selection/KVXEPartSelection.h"
 #include "engine/base/tabs/KVXEPowerDesignTab.h"
 #include "engine/base/tabs/KVXESummaryTab.h"
 #include "engine/base/workbook/KVXEBook.h"
@@ -23,6 +24,9 @@ struct GradeLimit {
   float celsius;
 };
 constexpr GradeLimit gradeLimits[] = {{'C', 85.0f}, {'M', 125.0f}, {'Q', 125.0f}};
+
+constexpr TabType logicTabs[] = {TabType::CLOCK, TabType::LOGIC, TabType::BRAM,
+                                 TabType::WRAM,  TabType::MPRAM, TabType::DSP};
 
 float maxJunctionOf(const std::string& grade) {
   for (const GradeLimit& limit : gradeLimits)
@@ -54,7 +58,7 @@ std::string KVXEPowerDesignTab::deviceSetting(const KVXEUID& uid, const std::str
   std::string text;
   const KVXEPowerDesignTab* tab = tabOf(uid);
   if (!tab) return text;
-  if (const auto found = tab->m_deviceSettings.find(option); found != tab->m_deviceSettings.end())
+  if (const auto found = tab->m_deviceCells.find(option); found != tab->m_deviceCells.end())
     found->second->getVal(text, true);
   return text;
 }
@@ -78,6 +82,29 @@ std::string KVXEPowerDesignTab::getSpeedGrade(const KVXEUID& uid) {
   return deviceSetting(uid, "Speed");
 }
 
+namespace {
+
+/// The long text of a code; a code that the part selection does not know stays.
+std::string inFull(const std::string& code,
+                   std::string (KVXEPartSelection::*text)(const std::string&) const) {
+  const KVXEPartSelection* selection = KVXEPartSelection::getGlobal();
+  const std::string full = selection ? (selection->*text)(code) : std::string();
+  return full.empty() ? code : full;
+}
+
+}  // namespace
+
+std::string KVXEPowerDesignTab::getSpeedGradeForDisplay(const KVXEUID& uid) {
+  const std::string grade = getSpeedGrade(uid);
+  return grade.empty() ? grade : "-" + grade;
+}
+std::string KVXEPowerDesignTab::getVoltageRangeForDisplay(const KVXEUID& uid) {
+  return inFull(deviceSetting(uid, "VCCINT Voltage"), &KVXEPartSelection::getVoltageGradeStr);
+}
+std::string KVXEPowerDesignTab::getTempGradeForDisplay(const KVXEUID& uid) {
+  return inFull(getTempGrade(uid), &KVXEPartSelection::getTempGradeStr);
+}
+
 const kvxm::Device* KVXEPowerDesignTab::deviceOf(const KVXEUID& uid) {
   return kvxm::DeviceCatalogue::getGlobal().findDevice(getDevice(uid));
 }
@@ -88,12 +115,29 @@ const kvxm::Supply* KVXEPowerDesignTab::supplyOf(const KVXEUID& uid, const std::
   return index < 0 ? nullptr : &device->supplies[static_cast<size_t>(index)];
 }
 
+KVXECell* KVXEPowerDesignTab::railCell(const std::string& rail, const KVXETitle& column) const {
+  const auto found = m_railRows.find(rail);
+  return found == m_railRows.end() ? nullptr : found->second->getCell(&column);
+}
+
 float KVXEPowerDesignTab::getVoltage(const KVXEUID& uid, const std::string& rail) {
   const KVXEPowerDesignTab* tab = tabOf(uid);
-  if (!tab) return 0.0f;
-  const auto found = tab->m_voltageCells.find(rail);
+  KVXECell* cell = tab ? tab->railCell(rail, m_voltageColumn) : nullptr;
   float volts = 0.0f;
-  return found != tab->m_voltageCells.end() && found->second->getVal(volts, true) ? volts : 0.0f;
+  return cell && cell->getVal(volts, true) ? volts : 0.0f;
+}
+
+float KVXEPowerDesignTab::getTpfSetting(const KVXEUID& uid) {
+  const KVXEPowerDesignTab* tab = tabOf(uid);
+  float factor = 1.0f;
+  return tab && tab->m_tpf && tab->m_tpf->getVal(factor, true) ? factor : 1.0f;
+}
+
+std::string KVXEPowerDesignTab::getPowerRailConsolidation(const KVXEUID& uid) {
+  const KVXEPowerDesignTab* tab = tabOf(uid);
+  std::string choice;
+  if (tab && tab->m_consolidation) tab->m_consolidation->getVal(choice, true);
+  return choice;
 }
 
 // The environment.
@@ -108,6 +152,9 @@ std::optional<float> KVXEPowerDesignTab::environmentValue(const KVXEUID& uid, co
 
 bool KVXEPowerDesignTab::isJunctionTempOverrideOn(const KVXEUID& uid) {
   return KVXESummaryTab::isJunctionTempOverrideOn(uid);
+}
+bool KVXEPowerDesignTab::isHbmJunctionTempOverrideOn(const KVXEUID& uid) {
+  return KVXESummaryTab::isHbmJunctionTempOverrideOn(uid);
 }
 float KVXEPowerDesignTab::getThetaJA(const KVXEUID& uid) {
   return KVXESummaryTab::getThetaJA(uid);
@@ -155,20 +202,26 @@ float KVXEPowerDesignTab::getNonIntLeakage(const KVXEUID& uid) {
   return debugValue(uid, NonIntLeakage, 0.0f);
 }
 
+/// A result of the static model at the junction temperature in force.
+float KVXEPowerDesignTab::staticOutput(const KVXEUID& uid, int key) {
+  getCalculatedJunctionTemp(uid);
+  const KVXEPowerDesignTab* tab = tabOf(uid);
+  return tab && tab->m_static ? slot(*tab->m_static, key) : 0.0f;
+}
+
 KVXEPowerDesignTab::JunctionStatus KVXEPowerDesignTab::getJunctionStatus(const KVXEUID& uid) {
   getCalculatedJunctionTemp(uid);
   const KVXEPowerDesignTab* tab = tabOf(uid);
-  return tab ? tab->m_junctionStatus : JunctionStatus::Valid;
+  if (!tab || !tab->m_static) return JunctionStatus::Valid;
+  return static_cast<JunctionStatus>(*tab->m_static->findInt(StaticKey::JUNCTION_STATUS));
 }
 
-/// Runs the static model on all that the book says, and reads one of its results.
-float KVXEPowerDesignTab::staticOutput(const KVXEUID& uid, int key) {
-  const KVXEPowerDesignTab* tab = tabOf(uid);
-  if (!tab) return 0.0f;
-  const auto params = tab->makeStaticParams();
-  getStaticParams(uid, *params);
-  tab->calculateStatic(*params);
-  return slot(*params, key);
+float KVXEPowerDesignTab::getIntermediateJunctionTemperature(
+    const KVXEUID& uid, float ambient, const std::map<std::string, float>& railCurrents) {
+  if (isJunctionTempOverrideOn(uid)) return getUserJunctionTemp(uid);
+  double watts = 0.0;
+  for (const auto& [rail, amperes] : railCurrents) watts += double{amperes} * getVoltage(uid, rail);
+  return static_cast<float>(ambient + watts * getThetaJA(uid));
 }
 
 float KVXEPowerDesignTab::getOnChipStaticPower(const KVXEUID& uid) {
@@ -185,6 +238,23 @@ float KVXEPowerDesignTab::getOnChipDynamicPower(const KVXEUID& uid) {
 
 float KVXEPowerDesignTab::getOnChipPower(const KVXEUID& uid) {
   return getOnChipStaticPower(uid) + getOnChipDynamicPower(uid);
+}
+
+float KVXEPowerDesignTab::getBlockDynamicPower(const KVXEUID& uid, TabType tabType) {
+  KVXETab* tab = uid.getBook() ? uid.getBook()->getTab(tabType) : nullptr;
+  float watts = 0.0f;
+  return tab && tab->getTabActivePower(watts) ? watts : 0.0f;
+}
+
+float KVXEPowerDesignTab::getPlDynamicPower(const KVXEUID& uid) {
+  double watts = 0.0;
+  for (const TabType tab : logicTabs) watts += getBlockDynamicPower(uid, tab);
+  return static_cast<float>(watts);
+}
+
+float KVXEPowerDesignTab::getOffChipPower(const KVXEUID& uid) {
+  KVXEPowerDesignTab* tab = tabOf(uid);
+  return tab ? tab->m_railPower.offChipPower(*uid.getBook()) : 0.0f;
 }
 
 /// The summary's list of blocks; without one, what the tabs themselves say.
@@ -223,10 +293,15 @@ void KVXEPowerDesignTab::updateVoltageParams(const KVXEUID& uid, kvxm::Record& p
 void KVXEPowerDesignTab::updateDeviceParams(const KVXEUID& uid, kvxm::Record& params) {
   *params.findString(StaticKey::DEVICE) = getDevice(uid);
   *params.findString(StaticKey::PROCESS) = getProcess(uid);
+  slot(params, StaticKey::TYPICAL_PROCESS_FACTOR) = getTpfSetting(uid);
   if (const KVXEPowerDesignTab* tab = tabOf(uid)) tab->fillDeviceParams(uid, params);
 }
 
 void KVXEPowerDesignTab::updateBlockParams(const KVXEUID& uid, kvxm::Record& params) {
+  updateBlockUtilization(uid, params);
+}
+
+void KVXEPowerDesignTab::updateBlockUtilization(const KVXEUID& uid, kvxm::Record& params) {
   if (const KVXEPowerDesignTab* tab = tabOf(uid)) tab->fillBlockParams(uid, params);
 }
 

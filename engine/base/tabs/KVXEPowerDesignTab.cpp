@@ -7,6 +7,8 @@
 #include "engine/base/selection/KVXEPartSelection.h"
 #include "engine/base/workbook/KVXERow.h"
 #include "models/catalogue/DeviceCatalogue.h"
+#include "models/common/ParamsRecord.h"
+#include "models/common/RailGrouping.h"
 
 using enum KVXEEnums::CellType;
 using KVXEEnums::GridComponentType;
@@ -90,13 +92,53 @@ const KVXEColumn supplyColumns[] = {
                 "there are various other factors which affect the currents."},
     {.title = &Tab::m_powerupCurrentColumn,
      .type = FLOAT,
-     .formula = &Tab::updatePowerupCurrentPowerSupplyTable,
+     .formula = &Tab::updateTotalCurrentPowerSupplyTable,
      .unit = Unit::CURRENT_SHOW,
      .toolTip = "The startup current, shown when the process is Maximum and the startup current exceeds the "
                 "calculated operating current: what the rail draws before any activity with the junction at "
                 "its maximum."},
-    {.title = &Tab::m_powerRailGroupColumn, .type = STRING, .visibility = Visibility::ALWAYS_HIDDEN},
+    {.title = &Tab::m_powerRailGroupColumn,
+     .type = STRING,
+     .formula = &Tab::updatePwrRailConsolidationTable,
+     .visibility = Visibility::ALWAYS_HIDDEN},
     {.title = &Tab::m_voltageFromLvrColumn, .type = FLOAT, .visibility = Visibility::ALWAYS_HIDDEN},
+    {.title = &Tab::m_ownVoltageColumn, .type = FLOAT, .visibility = Visibility::ALWAYS_HIDDEN},
+};
+
+const char* const consolidations[] = {kvxm::fullPowerManagement, kvxm::minimumRails};
+const KVXEColumn consolidationColumns[] = {
+    {.title = &Tab::m_optionColumn, .type = STRING, .toolTip = "What is chosen."},
+    {.title = &Tab::m_selectionColumn,
+     .type = STRING,
+     .isEditable = true,
+     .text = kvxm::fullPowerManagement,
+     .isDropdown = true,
+     .entries = consolidations,
+     .toolTip = "Select the type of power rail consolidation."},
+};
+
+const char* const currents[] = {"Total", "Static", "Dynamic", "Powerup"};
+const KVXEColumn currentSelectionColumns[] = {
+    {.title = &Tab::m_optionColumn, .type = STRING, .toolTip = "What is chosen."},
+    {.title = &Tab::m_selectionColumn,
+     .type = STRING,
+     .isEditable = true,
+     .text = currents[0],
+     .isDropdown = true,
+     .entries = currents,
+     .toolTip = "Select the current that the Power Delivery Design shows for each supply: the operating "
+                "current, its static or dynamic part, or what the rails need at most when startup counts."},
+};
+
+const KVXEColumn scalingColumns[] = {
+    {.title = &Tab::m_optionColumn, .type = STRING, .toolTip = "A scaling factor."},
+    {.title = &Tab::m_selectionColumn,
+     .type = FLOAT,
+     .isEditable = true,
+     .number = 1.0,
+     .minimum = 0.0,
+     .maximum = 10.0,
+     .toolTip = "TPF multiplies the leakage of the typical process."},
 };
 
 const KVXEColumn debugJunctionColumns[] = {
@@ -112,11 +154,20 @@ void createTextRows(KVXETable& table, const KVXETitle& column, std::span<const s
 
 }  // namespace
 
+KVXEPowerDesignTab::KVXEPowerDesignTab(KVXEBook* book, KVXEEnums::TabType type) : KVXETab(book, type) {}
+
+KVXEPowerDesignTab::~KVXEPowerDesignTab() = default;
+
 void KVXEPowerDesignTab::init() {
   KVXETab::init();
   initDeviceTable();
   initPowerSummaryTable();
+  initPwrSupplyDesignTable();
   initPowerSupplyTable();
+  initPowerRailConsolidationTable();
+  initCurrentSelectionTable();
+  initInternalScalingTable();
+  initDebugDeviceTables();
   initDebugJunctionTempTable();
 }
 
@@ -127,7 +178,7 @@ void KVXEPowerDesignTab::initDeviceTable() {
   for (const DeviceRow& deviceRow : deviceRows()) {
     KVXERow* row = table->getOrCreateRow(table->getRowCount());
     row->getCell(&m_optionColumn)->setValAndMarkEngineClean(deviceRow.option);
-    m_deviceSettings[deviceRow.option] = row->getCell(&m_selectionColumn);
+    m_deviceCells[deviceRow.option] = row->getCell(&m_selectionColumn);
   }
 }
 
@@ -141,6 +192,39 @@ void KVXEPowerDesignTab::initPowerSummaryTable() {
 void KVXEPowerDesignTab::initPowerSupplyTable() {
   createTable(&m_powerSupplyTable, false, false, true, GridComponentType::TABLE)->addColumns(supplyColumns);
   for (const std::string& category : getCategoryList()) createVoltageRow(category);
+  // A row that heads a category has no currents and no group, so its cells may stand for all rails.
+  const KVXETable* table = getTable(&m_powerSupplyTable);
+  m_startupRun = table->getCellAt(1, &m_powerupCurrentColumn);
+  m_groupsRun = table->getCellAt(1, &m_powerRailGroupColumn);
+}
+
+namespace {
+
+/// A table with one row, of one choice; returns the cell of the choice.
+KVXECell* createChoiceTable(KVXETab& tab, const KVXETitle& title, std::span<const KVXEColumn> columns,
+                            const std::string& option) {
+  KVXETable* table = tab.createTable(&title, false, false, true, GridComponentType::TABLE);
+  table->addColumns(columns);
+  KVXERow* row = table->getOrCreateRow(1);
+  row->getCell(&Tab::m_optionColumn)->setValAndMarkEngineClean(option);
+  return row->getCell(&Tab::m_selectionColumn);
+}
+
+}  // namespace
+
+void KVXEPowerDesignTab::initPowerRailConsolidationTable() {
+  m_consolidation = createChoiceTable(*this, m_powerRailConsolidationTable, consolidationColumns,
+                                      m_powerRailConsolidationStr);
+}
+
+void KVXEPowerDesignTab::initCurrentSelectionTable() {
+  m_currentSelection =
+      createChoiceTable(*this, m_currentSelectionTable, currentSelectionColumns, m_currentSelectionStr);
+}
+
+void KVXEPowerDesignTab::initInternalScalingTable() {
+  m_tpf = createChoiceTable(*this, m_internalScalingTable, scalingColumns, m_tpfStr);
+  getTable(&m_internalScalingTable)->setVisibility(Visibility::DEVELOPER);
 }
 
 void KVXEPowerDesignTab::initDebugJunctionTempTable() {
@@ -161,7 +245,7 @@ void KVXEPowerDesignTab::createVoltageRow(const std::string& category) {
   row->setIsEditable(false);
   supply->setValAndMarkEngineClean(detailed.empty() ? category : detailed);
   supply->setColor(getPowerDomainColorCode(domainOfCategory(category)));
-  for (const std::string& rail : railsOfCategory(category)) createRailRow(rail);
+  for (const kvxm::Supply* rail : railsOfCategory(category)) createRailRow(rail->rail);
 }
 
 void KVXEPowerDesignTab::createRailRow(const std::string& rail) {
@@ -169,19 +253,20 @@ void KVXEPowerDesignTab::createRailRow(const std::string& rail) {
   KVXERow* row = table->getOrCreateRow(table->getRowCount());
   row->getCell(&m_supplyColumn)->setValAndMarkEngineClean(rail);
   row->getCell(&m_internalSupplyColumn)->setValAndMarkEngineClean(rail);
-  m_voltageCells[rail] = row->getCell(&m_voltageColumn);
+  m_railRows[rail] = row;
 }
 
 /// Devices differ in their rails but agree on the order: a rail goes behind the one before it on its device.
-std::vector<std::string> KVXEPowerDesignTab::railsOfCategory(const std::string& category) const {
-  std::vector<std::string> rails;
+std::vector<const kvxm::Supply*> KVXEPowerDesignTab::railsOfCategory(const std::string& category) const {
+  std::vector<const kvxm::Supply*> rails;
   for (const kvxm::Device& device : kvxm::DeviceCatalogue::getGlobal().devices()) {
     if (device.architecture != architecture()) continue;
     auto place = rails.begin();
     for (const kvxm::Supply& supply : device.supplies) {
       if (supply.category != category) continue;
-      auto known = std::find(rails.begin(), rails.end(), supply.rail);
-      if (known == rails.end()) known = rails.insert(place, supply.rail);
+      auto known = std::find_if(rails.begin(), rails.end(),
+                                [&](const kvxm::Supply* rail) { return rail->rail == supply.rail; });
+      if (known == rails.end()) known = rails.insert(place, &supply);
       place = known + 1;
     }
   }

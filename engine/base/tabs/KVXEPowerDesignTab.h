@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <span>
@@ -7,8 +8,11 @@
 #include <unordered_map>
 #include <vector>
 
+#include "engine/base/tabs/KVXEPowerDesignTitles.h"
+#include "engine/base/tabs/KVXEPowerRailGroups.h"
+#include "engine/base/tabs/KVXEPowerRailNames.h"
+#include "engine/base/tabs/KVXEPowerXcvrCounts.h"
 #include "engine/base/tabs/KVXERailPowerIndex.h"
-#include "engine/base/workbook/KVXECell.h"
 #include "engine/base/workbook/KVXETab.h"
 
 class KVXERow;
@@ -21,27 +25,20 @@ struct Supply;
 enum class Architecture;
 }  // namespace kvxm
 
-/// The device's electrical view: the part, its supply rails with voltages and currents, and the junction
-/// temperature at which static and dynamic power settle. The rails and their limits are the catalogue's, the
-/// powers the static model's; this class holds neither. The concrete tabs say which part settings and which
-/// model belong to their architecture.
+/// The device's electrical view: the part, its supply rails with voltages and currents, the physical supplies
+/// that feed them, and the junction temperature at which static and dynamic power settle. The rails and
+/// their limits are the catalogue's, the powers the static model's, the sharing the grouping model's; this
+/// class holds none of them. The concrete tabs say which part settings and models belong to their
+/// architecture.
 ///
 /// The readers take the UID of any cell of the book and answer with a default when the book has no power
 /// design or no summary tab. They evaluate what they read, so a formula that calls them learns its
 /// dependencies.
-class KVXEPowerDesignTab : public KVXETab {
+class KVXEPowerDesignTab : public KVXETab,
+                           public KVXEPowerDesignTitles,
+                           public KVXEPowerRailNames,
+                           public KVXEPowerXcvrCounts {
  public:
-  static const KVXETitle m_powerSummaryTable;
-  static const KVXETitle m_debugJunctionTempTable, m_debugTempOptionColumn, m_debugTempValueColumn;
-
-  // Rows of the power summary and of the junction temperature table.
-  static const std::string m_totalPowerCol, m_staticPowerCol, m_dynamicPowerCol;
-  static const std::string m_initialTempStr, m_tempAt25Str, m_nonIntLeakageStr, m_calcJunctionTempStr,
-      m_maxAmbientTempStr;
-  // Keys of the rail categories, in the order of the supply table.
-  static const std::string m_pmcStr, m_lpdStr, m_fpdStr, m_systemAuxStr, m_systemCoreStr, m_plCoreStr,
-      m_ioStr, m_xcvraStr, m_xcvrdStr, m_xcvrcStr, m_hbmStr, m_batStr, m_otherStr;
-
   /// How the junction temperature was found.
   enum class JunctionStatus {
     Valid,       ///< it is the temperature at which the device settles, or the user's
@@ -50,26 +47,35 @@ class KVXEPowerDesignTab : public KVXETab {
   };
   /// Degrees C beyond which estimates are no longer valid.
   static constexpr float AbsoluteMaxJunctionTemp = 125.0f;
-  /// What the junction temperature cell says while the status is not valid.
-  static const std::string m_invalidJunctionMsg;
 
-  using KVXETab::KVXETab;
+  KVXEPowerDesignTab(KVXEBook* book, KVXEEnums::TabType type);
+  ~KVXEPowerDesignTab() override;
   std::string className() const override { return "KVXEPowerDesignTab"; }
   void init() override;
 
-  // The part, from the device table. The temperature grade is the short letter.
+  // The part, from the device table. Grades are short codes; for display they are given in full.
   static std::string getDevice(const KVXEUID& uid);
   static std::string getPkg(const KVXEUID& uid);
   static std::string getFamily(const KVXEUID& uid);
   static std::string getProcess(const KVXEUID& uid);
   static std::string getTempGrade(const KVXEUID& uid);
   static std::string getSpeedGrade(const KVXEUID& uid);
+  static std::string getSpeedGradeForDisplay(const KVXEUID& uid);
+  static std::string getVoltageRangeForDisplay(const KVXEUID& uid);
+  static std::string getTempGradeForDisplay(const KVXEUID& uid);
+
+  // Choices of this tab.
+  /// Leakage of a typical part over that of the catalogue.
+  static float getTpfSetting(const KVXEUID& uid);
+  /// "Full Power Management" or "Minimum Rails".
+  static std::string getPowerRailConsolidation(const KVXEUID& uid);
 
   /// The voltage of a rail by its internal name; 0 for a rail that the device lacks.
   static float getVoltage(const KVXEUID& uid, const std::string& rail);
 
   // Thermal environment, in degrees C and C/W, from the summary tab.
   static bool isJunctionTempOverrideOn(const KVXEUID& uid);
+  static bool isHbmJunctionTempOverrideOn(const KVXEUID& uid);
   static float getThetaJA(const KVXEUID& uid);
   static float getAmbientTemp(const KVXEUID& uid);
   static float getMaxJunctionTemp(const KVXEUID& uid);
@@ -85,13 +91,22 @@ class KVXEPowerDesignTab : public KVXETab {
   static float getJunctionTempAt25(const KVXEUID& uid);
   static float getNonIntLeakage(const KVXEUID& uid);
   static JunctionStatus getJunctionStatus(const KVXEUID& uid);
+  /// The junction temperature to which currents, in amperes by rail, heat the die; the user's while the
+  /// override is on.
+  static float getIntermediateJunctionTemperature(const KVXEUID& uid, float ambient,
+                                                  const std::map<std::string, float>& railCurrents);
 
-  // On-chip power in watts, without HBM.
+  // On-chip power in watts, without HBM. Static power is that at the junction temperature in force.
   static float getOnChipStaticPower(const KVXEUID& uid);
   static float getOnChipDynamicPower(const KVXEUID& uid);
   static float getOnChipPower(const KVXEUID& uid);
-  /// Static power of the HBM dies in watts at the junction temperature in force.
   static float getHbmStaticPower(const KVXEUID& uid);
+  /// Of the tab of a block; 0 without such a tab.
+  static float getBlockDynamicPower(const KVXEUID& uid, KVXEEnums::TabType tabType);
+  /// Of all blocks of the programmable logic: clocks, logic, memories and DSP.
+  static float getPlDynamicPower(const KVXEUID& uid);
+  /// What the rails supply beyond on-chip power, since it leaves the chip through external terminations.
+  static float getOffChipPower(const KVXEUID& uid);
 
   // Input of the static model of the architecture (KVXMTarvekStaticParams, KVXMMorlanStaticParams).
   /// All of it: voltages, device, block use, thermal environment.
@@ -100,23 +115,8 @@ class KVXEPowerDesignTab : public KVXETab {
   static void updateDeviceParams(const KVXEUID& uid, kvxm::Record& params);
   static void updateBlockParams(const KVXEUID& uid, kvxm::Record& params);
   static void updateThermalParams(const KVXEUID& uid, kvxm::Record& params);
-
-  // What a rail supplies, by its internal name.
-  static bool isVcuVoltage(const std::string& rail);
-  static bool isXcvrAVoltage(const std::string& rail);
-  static bool isXcvrDVoltage(const std::string& rail);
-  static bool isXcvrCVoltage(const std::string& rail);
-  static bool isXcvrBVoltage(const std::string& rail);
-  static bool isPSIoVoltage(const std::string& rail);
-  static bool isHbmVoltage(const std::string& rail);
-  static bool isPsVoltage(const std::string& rail);
-  static bool isPsBlockVoltage(const std::string& rail);
-  static bool isHic5Voltage(const std::string& rail);
-  static bool isPswVoltage(const std::string& rail);
-  static bool isNicbVoltage(const std::string& rail);
-  static bool isHic5nVoltage(const std::string& rail);
-  static bool isIoVccoVoltage(const std::string& rail);
-  static bool isArkeonNetVcco(const std::string& rail);
+  /// How the design uses the device, as far as leakage follows from it.
+  static void updateBlockUtilization(const KVXEUID& uid, kvxm::Record& params);
 
   // A rail by its internal name, as the present part has it; volts are 0 and the name stays when it lacks the
   // rail.
@@ -125,30 +125,23 @@ class KVXEPowerDesignTab : public KVXETab {
   static float getMinVoltage(const KVXEUID& uid, const std::string& rail);
   static float getNomVoltage(const KVXEUID& uid, const std::string& rail);
   static float getMaxVoltage(const KVXEUID& uid, const std::string& rail);
-
-  // Categories of rails.
   /// Whether the present device has a rail of the category.
   static bool isValidCategory(const KVXEUID& uid, const std::string& category);
-  /// Whether a supply text heads a category rather than names a rail.
-  static bool isCategoryStr(const std::string& supply);
-  /// The keys of all categories, in the order of the supply table.
-  static std::vector<std::string> getCategoryList();
-  /// The key of a category from its shown text, and the shown text from the key; blank for any other text.
-  static std::string getCategoryStr(const std::string& detailed);
-  static std::string getCategoryDetailedStr(const std::string& key);
-  /// Text and background colour of a power domain: "PMC", "SYSTEM", "LPD", "FPD", "PL", "IO", "BATT".
-  static KVXECell::Colors getPowerDomainColorCode(const std::string& domain);
 
   // Formulas.
   static void updateDeviceTable(const KVXEUID& uid);
   static void updatePowerSummaryTable(const KVXEUID& uid);
   static void updatePowerSupplyTable(const KVXEUID& uid);
+  static void updatePwrRailConsolidationTable(const KVXEUID& uid);
   static void updateVoltage(const KVXEUID& uid);
   static void updateStepLoad(const KVXEUID& uid);
   static void updateStaticCurrentPowerSupplyTable(const KVXEUID& uid);
   static void updateDynamicCurrentPowerSupplyTable(const KVXEUID& uid);
   static void updateTotalCurrentPowerSupplyTable(const KVXEUID& uid);
-  static void updatePowerupCurrentPowerSupplyTable(const KVXEUID& uid);
+  static void updatePowerSupplyDesignTable(const KVXEUID& uid);
+  static void updateSupplyDesignVoltage(const KVXEUID& uid);
+  static void updatePowerDeliveryMargin(const KVXEUID& uid);
+  static void updateDebugDeviceTable(const KVXEUID& uid);
   static void updateDebugJunctionTempTable(const KVXEUID& uid);
 
  protected:
@@ -166,6 +159,9 @@ class KVXEPowerDesignTab : public KVXETab {
   virtual void calculateStatic(kvxm::Record& params) const = 0;
   /// The code by which supply limits differ between parts: the voltage grade, or the speed field.
   virtual std::string supplyGrade(const KVXEUID& uid) const = 0;
+  /// The group that a rail goes to under a consolidation; blank for none.
+  virtual std::string railGroup(const std::string& consolidation, const kvxm::Supply& supply,
+                                float nominalVolts) const;
   /// What a row of the device table shows.
   virtual std::string partSetting(const DeviceRow& row) const;
   /// The architecture's own inputs of the static model.
@@ -175,11 +171,6 @@ class KVXEPowerDesignTab : public KVXETab {
   virtual float onChipDynamicPower(const KVXEUID& uid);
   /// Checks of a voltage that only this architecture has; they run behind the check of its range.
   virtual void checkVoltage(const KVXEUID&, const std::string& /*rail*/, float /*volts*/) const {}
-
-  void initDeviceTable();
-  void initPowerSummaryTable();
-  void initPowerSupplyTable();
-  void initDebugJunctionTempTable();
 
   /// The power design tab of the cell's book; null when there is none.
   static KVXEPowerDesignTab* tabOf(const KVXEUID& uid);
@@ -194,22 +185,57 @@ class KVXEPowerDesignTab : public KVXETab {
 
  private:
   enum DebugRow : unsigned int { InitialTemp = 1, TempAt25, NonIntLeakage, CalcJunctionTemp, MaxAmbientTemp };
+  using Group = kvxe::RailGroups::Group;
 
-  static std::string domainOfCategory(const std::string& key);
+  void initDeviceTable();
+  void initPowerSummaryTable();
+  void initPwrSupplyDesignTable();
+  void initPowerSupplyTable();
+  void initPowerRailConsolidationTable();
+  void initCurrentSelectionTable();
+  void initInternalScalingTable();
+  void initDebugDeviceTables();
+  void initDebugJunctionTempTable();
+
   void createVoltageRow(const std::string& category);
   void createRailRow(const std::string& rail);
-  std::vector<std::string> railsOfCategory(const std::string& category) const;
+  std::vector<const kvxm::Supply*> railsOfCategory(const std::string& category) const;
+  std::vector<std::string> possibleGroups() const;
+  KVXERow* createSupplyRow(const std::string& name);
+  KVXECell* railCell(const std::string& rail, const KVXETitle& column) const;
   void writeJunction(kvxm::Record& params);
   static std::string gradeOf(const KVXEUID& uid);
-  static std::optional<std::string> beginCurrent(const KVXEUID& uid);
   static float staticOutput(const KVXEUID& uid, int key);
-  static void writeLeakageCurrents(const KVXEUID& uid, const KVXETitle& column, float celsius,
-                                   std::optional<float> (*shown)(KVXERow* row, float amperes));
   static float debugValue(const KVXEUID& uid, DebugRow row, float fallback);
+  void runStartup(const KVXEUID& uid);
+  std::optional<float> startupCurrent(const KVXEUID& uid, const std::string& rail) const;
 
-  std::unordered_map<std::string, KVXECell*> m_voltageCells;  ///< by rail, whether or not the device has it
-  std::unordered_map<std::string, KVXECell*>
-      m_deviceSettings;  ///< selection cells of the device table by option
+  // Supplies.
+  void findRailGroups(const KVXEUID& uid);
+  const kvxe::RailGroups& railGroups() const;
+  static const Group* groupOfRow(const KVXEUID& uid);
+  std::optional<float> groupVoltage(const std::string& group) const;
+  void showVoltage(KVXECell& cell, const Group& group, float volts) const;
+  float sumOfRails(const Group& group, const KVXETitle& column) const;
+  float worstCurrent(const Group& group) const;
+  float stepLoad(const Group& group) const;
+  float updateCurrentSelectionTable(const Group& group) const;
+
+  std::unordered_map<std::string, KVXERow*> m_railRows;  ///< by rail, whether or not the device has it
+  std::unordered_map<std::string, KVXERow*>
+      m_supplyRows;  ///< of the delivery design, by group or single rail
+  std::unordered_map<std::string, KVXECell*> m_deviceCells;  ///< selections of the device table by option
+  KVXECell* m_consolidation = nullptr;
+  KVXECell* m_currentSelection = nullptr;
+  KVXECell* m_tpf = nullptr;
   kvxe::RailPowerIndex m_railPower;
-  JunctionStatus m_junctionStatus = JunctionStatus::Valid;  ///< written with the temperature, read behind it
+
+  // Results that many formulas read, each behind a cell that stands for it: whoever evaluates that cell may
+  // read the result, and depends on what went into it.
+  std::unique_ptr<kvxm::Record> m_static;   ///< of the static model, behind the calculated temperature
+  std::unique_ptr<kvxm::Record> m_startup;  ///< at the highest temperature, behind m_startupRun
+  kvxe::RailGroups m_railGroups;            ///< behind m_groupsRun
+  std::vector<const Group*> m_groupsOfRows;  ///< by row of the delivery design, behind m_groupsRun
+  KVXECell* m_startupRun = nullptr;
+  KVXECell* m_groupsRun = nullptr;
 };

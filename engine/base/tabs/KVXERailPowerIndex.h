@@ -2,6 +2,7 @@
 
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 class KVXEBook;
@@ -10,21 +11,33 @@ class KVXETable;
 
 namespace kvxe {
 
-/// Where the tabs of a book state the active power that they draw from a rail.
+/// Where the tabs of a book state the power that they draw from a rail: what their power tables say is turned
+/// into heat on the chip, and what a tab's table "OFF_CHIP_POWER" says leaves the chip through external
+/// terminations.
 ///
-/// Asking every power table for every rail would make as many dependencies as there are rails times rows.
-/// Which rail a row of a power table belongs to never changes, so each table is walked once and the cells are
-/// kept by rail; a rail's formula then reads its own cells and no other.
+/// Asking every table for every rail would make as many dependencies as there are rails times rows. Which
+/// rail a row belongs to never changes, so each table is walked once and the cells are kept by rail; a rail's
+/// formula then reads its own cells and no other.
 class RailPowerIndex {
  public:
-  /// Watts that all enabled tabs of the book draw from the rail.
-  float activePower(const KVXEBook& book, const std::string& rail);
+  /// Name of the tables of power that leaves the chip.
+  static const std::string m_offChipTable;
+
+  /// Watts that all enabled tabs of the book draw from the rail, whether they stay on the chip or leave it.
+  float drawnPower(const KVXEBook& book, const std::string& rail);
+  /// Watts that leave the chip from all rails.
+  float offChipPower(const KVXEBook& book);
 
  private:
-  void refresh(const KVXEBook& book);
+  using Cells = std::vector<KVXECell*>;
+  using TabState = std::pair<const KVXETable*, unsigned int>;  ///< its first table, and how many it has
 
-  std::vector<const KVXETable*> m_tables;  ///< by tab type: the power table that was walked, or null
-  std::unordered_map<std::string, std::vector<KVXECell*>> m_cells;
+  void refresh(const KVXEBook& book);
+  void addTable(const KVXETable* table, bool isOffChip);
+
+  std::vector<TabState> m_tabs;  ///< by tab type: what was walked
+  std::unordered_map<std::string, Cells> m_cells;
+  Cells m_offChipCells;
 };
 
 }  // namespace kvxe

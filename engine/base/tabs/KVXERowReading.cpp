@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "engine/base/config/ClockTag.h"
+#include "engine/base/services/KVXEParamControlMgr.h"
 #include "engine/base/tabs/KVXEPowerDesignTab.h"
 #include "engine/base/workbook/KVXEBook.h"
 #include "engine/base/workbook/KVXERow.h"
@@ -68,6 +69,11 @@ float readUsedCount(const KVXEUID& uid, KVXEEnums::TabType tab, const std::strin
 
 float readUtilization(const KVXEUID& uid, KVXEEnums::TabType tab, const std::string& type) {
   return readUtilizationTable(uid, tab, type, KVXETab::m_UtilColumn);
+}
+
+bool isSignalPowerDisabled() {
+  bool isDisabled = false;
+  return KVXEParamControlMgr::getGlobal().getParam("DISABLE_SIGNAL_POWER", isDisabled) && isDisabled;
 }
 
 void writeResult(KVXERow* row, const KVXETitle& column, std::optional<float> value) {

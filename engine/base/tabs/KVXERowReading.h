@@ -37,6 +37,10 @@ float readUsedCount(const KVXEUID& uid, KVXEEnums::TabType tab, const std::strin
 /// As above the used share of what the device has.
 float readUtilization(const KVXEUID& uid, KVXEEnums::TabType tab, const std::string& type);
 
+/// Whether the switch "DISABLE_SIGNAL_POWER" leaves the power of routed nets out of the blocks that drive
+/// them.
+bool isSignalPowerDisabled();
+
 /// Writes one result, blank for nothing.
 void writeResult(KVXERow* row, const KVXETitle& column, std::optional<float> value);
 

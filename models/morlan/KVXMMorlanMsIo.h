@@ -1,0 +1,7 @@
+#pragma once
+
+#include "models/common/ParamsRecord.h"
+
+#define KVXM_BLOCK KVXMMorlanMsIo
+#define KVXM_SLOT_LIST "models/common/IoSlots.def"
+#include "models/common/DeclareBlock.inc"

@@ -1,0 +1,7 @@
+#pragma once
+
+#include "models/common/ParamsRecord.h"
+
+#define KVXM_BLOCK KVXMTarvekPss
+#define KVXM_SLOT_LIST "models/common/ProcessorSlots.def"
+#include "models/common/DeclareBlock.inc"
