@@ -1,5 +1,5 @@
-#include <algorithm>
 #include <stdexcept>
+#include <string_view>
 
 #include "bench/BenchBook.h"
 #include "engine/base/selection/KVXEPartSelection.h"

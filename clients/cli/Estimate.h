@@ -26,10 +26,10 @@ struct Estimate {
     float amperes = 0;
     std::optional<float> powerupAmperes = {};  ///< where startup draws more than operation
     std::optional<float> stepLoad = {};        ///< the share of the dynamic current that may switch at once
-    std::string group = {};                    ///< of the rails that share its supply; empty for none
+    std::string group = {};                    ///< the supply that feeds it, by `Supply::group`
     double watts() const { return static_cast<double>(volts) * static_cast<double>(amperes); }
   };
-  /// A physical supply that rails share.
+  /// A physical supply: of rails that share it, or of one alone.
   struct Supply {
     std::string group;
     std::string schematicName;       ///< the user's, or empty

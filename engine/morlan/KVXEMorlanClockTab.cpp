@@ -3,16 +3,14 @@
 #include <algorithm>
 
 #include "engine/base/tabs/KVXEClockManagers.h"
+#include "engine/base/tabs/KVXEDropdowns.h"
 #include "engine/base/tabs/KVXERowReading.h"
 #include "engine/base/workbook/KVXEHeaderRow.h"
 #include "engine/base/workbook/KVXERow.h"
-#include "engine/base/workbook/KVXETemplateCell.h"
 #include "models/morlan/KVXMMorlanClock.h"
 #include "models/morlan/KVXMMorlanClockMgrData.h"
 #include "models/morlan/KVXMMorlanFsyn.h"
 #include "models/morlan/KVXMMorlanPll.h"
-
-using KVXEEnums::CellState;
 
 void KVXEMorlanClockTab::init() {
   KVXETab::init();
@@ -127,15 +125,9 @@ void KVXEMorlanClockTab::updateClockMgrPowerRow(const KVXEUID& uid) {
 void KVXEMorlanClockTab::updatePhaseShiftDropdown(const KVXEUID& uid) {
   auto* cell = dynamic_cast<KVXEStringCell*>(uid.getCell());
   if (!cell || !kvxe::isInTable(uid, m_ClkMgrTable, "phase shift of a clock manager")) return;
-  std::string type;
-  uid.getRow()->getCell(&m_ClkMgrType)->getVal(type, true);
-  auto* column = dynamic_cast<KVXEStringCell*>(uid.getTable()->getHeaderRow()->getDefaultCell(&m_PhaseShift));
-  const std::vector<std::string>& all = column->getDDVals();
-  const std::vector<std::string> none = {all.front()};
-  const bool hasPhaseShift = type != m_PllStr;
-  if (cell->getDDVals() != (hasPhaseShift ? all : none))
-    cell->setDDValsAndMarkEngineClean(hasPhaseShift ? std::vector<std::string>() : none);
-  cell->markEngineClean();
+  std::vector<std::string> shifts = static_cast<KVXEStringCell*>(cell->getHeaderDefaultCell())->getDDVals();
+  if (kvxe::readText(uid.getRow(), m_ClkMgrType) == m_PllStr) shifts.resize(1);  // the one for none
+  kvxe::offerInCell(cell, shifts);
 }
 
 void KVXEMorlanClockTab::updateRefClockDropdown(const KVXEUID& uid) {
@@ -150,11 +142,6 @@ void KVXEMorlanClockTab::updateRefClockDropdown(const KVXEUID& uid) {
     if (!clocks->getCellAt(i, &m_ClockFreq)->getVal(megahertz, true)) continue;
     if (std::find(list.begin(), list.end(), megahertz) == list.end()) list.push_back(megahertz);
   }
-  auto* column = dynamic_cast<KVXEFloatCell*>(
-      tab->getTable(&m_ClkMgrTable)->getHeaderRow()->getDefaultCell(&m_RefClock));
-  if (column && column->getDDVals() != list) {
-    column->setDDValsAndMarkEngineClean(list);
-    if (column->getState() == CellState::HEADER_CLEAN) column->setState(CellState::HEADER_DIRTY);
-  }
+  kvxe::offerInColumn(tab->getTable(&m_ClkMgrTable)->getHeaderRow()->getDefaultCell(&m_RefClock), list);
   uid.getCell()->setValAndMarkEngineClean(static_cast<int>(list.size()));
 }

@@ -33,9 +33,6 @@ const char* const bankNames[] = {"VCCO_HPA", "VCCO_HPB", "VCCO_HPC", "VCCO_HDA",
 const char* const otherVoltageMsg =
     "<html>The standard of these pins needs another voltage than the first interface in this bank.\nPlease "
     "move them to another bank.</html>";
-const char* const mixedVoltagesMsg =
-    "<html>The interfaces in this bank need more than one voltage.\nPlease move those of another voltage "
-    "than the first to another bank.</html>";
 
 bool isOtherVoltage(float first, float volts) {
   constexpr float Tolerance = 1e-3f;
@@ -129,7 +126,6 @@ void KVXESomIoTab::readDemands() {
     if (volts <= 0.0f) continue;
     BankDemand& demand = m_demands[bank];
     if (demand.volts <= 0.0f) demand.volts = volts;
-    demand.hasOtherVoltage |= isOtherVoltage(demand.volts, volts);
     const double watts = static_cast<double>(kvxe::readNumber(row, m_VccoPower, 0.0f)) +
                          static_cast<double>(kvxe::readNumber(row, m_OffChipPower, 0.0f));
     demand.amperes += watts / static_cast<double>(volts);
@@ -146,17 +142,9 @@ void KVXESomIoTab::updateBankSupplies(const KVXEUID& uid) {
     run->getVal(volts, true);
   }
   const auto found = tab->m_demands.find(readText(uid.getRow(), m_BankSupplyRail));
-  if (found == tab->m_demands.end()) {
-    uid.getCell()->clearMsg();
-    return uid.getCell()->setBlankAndMarkEngineClean();
-  }
+  if (found == tab->m_demands.end()) return uid.getCell()->setBlankAndMarkEngineClean();
   const BankDemand& demand = found->second;
   if (uid.getCell() != uid.getRow()->getCell(&m_BankSupplyVoltage))
     return uid.getCell()->setValAndMarkEngineClean(static_cast<float>(demand.amperes));
-  if (demand.hasOtherVoltage) {
-    uid.getCell()->setMsg(KvxSeverity::WARNING, mixedVoltagesMsg);
-  } else {
-    uid.getCell()->clearMsg();
-  }
   uid.getCell()->setValAndMarkEngineClean(demand.volts);
 }

@@ -22,8 +22,7 @@ class KVXESomIoTab : public KVXEMorlanIoTab {
   /// As in the base, with a warning on pins whose standard needs another voltage than the first interface of
   /// their bank.
   static void updatePinsInBank(const KVXEUID& uid);
-  /// Voltage or current of a bank. A bank whose interfaces need more than one voltage shows the first, with a
-  /// warning.
+  /// Voltage of a bank, by its first interface, or current.
   static void updateBankSupplies(const KVXEUID& uid);
 
  protected:
@@ -33,8 +32,7 @@ class KVXESomIoTab : public KVXEMorlanIoTab {
  private:
   /// What the interfaces of a bank ask of its supply.
   struct BankDemand {
-    float volts = 0.0f;            ///< of the first interface
-    bool hasOtherVoltage = false;  ///< asked for by another one
+    float volts = 0.0f;  ///< of the first interface
     double amperes = 0.0;
   };
 

@@ -93,17 +93,13 @@ float fanoutPerSiteOfDesign(const KVXEUID& uid) {
                   KVXEClockTab::DefaultFanoutPerSite);
 }
 
-bool isEntered(ValueSource source) {
-  return source == ValueSource::USER || source == ValueSource::XML || source == ValueSource::IP;
-}
-
 }  // namespace
 
 void KVXETarvekClockTab::updateFanoutPerSite(const KVXEUID& uid) {
   if (!kvxe::isInTable(uid, m_ClockConfigTable, "fanout per site")) return;
   KVXECell* cell = uid.getCell();
   float own = 0.0f;
-  if (cell->getVal(own, false) && isEntered(cell->getValueSource())) return cell->markEngineClean();
+  if (cell->getVal(own, false) && kvxe::isGiven(*cell)) return cell->markEngineClean();
   // A row without a clock keeps its default, so that it still counts as a row in its default state.
   float megahertz = 0.0f;
   const bool isClock = uid.getRow()->getCell(&m_ClockFreq)->getVal(megahertz, true);

@@ -3,12 +3,10 @@
 
 #include <algorithm>
 
-#include "engine/base/tabs/KVXEClockManagers.h"
 #include "engine/base/tabs/KVXEConfigTable.h"
+#include "engine/base/tabs/KVXEDropdowns.h"
 #include "engine/base/tabs/KVXEUtilization.h"
-#include "engine/base/workbook/KVXEHeaderRow.h"
 #include "engine/base/workbook/KVXERow.h"
-#include "engine/base/workbook/KVXETemplateCell.h"
 #include "engine/tarvek/KVXETarvekNocDdrmcTab.h"
 #include "models/common/KVXMHelperUtils.h"
 #include "models/tarvek/KVXMTarvekDdrmc.h"
@@ -35,76 +33,75 @@ const KVXETitle* const results[] = {&Tab::m_VccsocPower, &Tab::m_VccintioPower, 
 
 KVXEColumn choice(const KVXETitle& title, std::span<const char* const> entries, KVXEFormula formula,
                   const char* toolTip) {
-  KVXEColumn column = kvxe::column::choice(title, entries, entries.empty() ? "" : entries.front(), toolTip);
-  column.formula = formula;
-  return column;
+  return kvxe::column::choice(title, entries, entries.empty() ? "" : entries.front(), toolTip, formula);
 }
+
+const KVXEColumn columns[] = {
+    kvxe::column::name(Tab::m_Name, "<html>The name of this memory controller.</html>"),
+    choice(Tab::m_DramType, {}, &Tab::updateDramType,
+           "<html>The type of the memory.\nA row without a type stands for no controller.</html>"),
+    {.title = &Tab::m_Controller,
+     .type = STRING,
+     .formula = &Tab::updateController,
+     .toolTip = "<html>The kind of controller of this device that serves the DRAM type.</html>"},
+    choice(Tab::m_Standard, standards, &Tab::updateStandard,
+           "<html>Whether the memory is soldered or a module.\nThe long lines of a module lower the "
+           "highest data rate.</html>"),
+    {.title = &Tab::m_Channels,
+     .type = INT,
+     .isEditable = true,
+     .formula = &Tab::updateChannels,
+     .number = 1,
+     .minimum = 1,
+     .maximum = KVXMTarvekDdrmcData::largestChannelCount,
+     .toolTip = "<html>The number of channels that share the pins of the controller.</html>"},
+    {.title = &Tab::m_Datarate,
+     .type = FLOAT,
+     .isEditable = true,
+     .formula = &Tab::updateDatarate,
+     .unit = Unit::FIXED_Mbps_SHOW,
+     .minimum = 0,
+     .toolTip = "<html>The data rate of a pin.\nBlank takes the highest that the device's grade "
+                "reaches.</html>"},
+    {.title = &Tab::m_DataWidth,
+     .type = INT,
+     .isEditable = true,
+     .formula = &Tab::updateDataWidth,
+     .number = DefaultDataWidth,
+     .isDropdown = true,
+     .entries = dataWidths,
+     .toolTip = "<html>The data pins of a channel, without those of the error correction.</html>"},
+    choice(Tab::m_Ecc, noYes, &KVXECell::NoFormula,
+           "<html>Whether a check byte is stored with eight bytes of data.</html>"),
+    choice(Tab::m_Crypto, noYes, &Tab::updateCrypto,
+           "<html>Whether the controller encrypts the memory's contents. DDRMC5C can.</html>"),
+    kvxe::column::count(Tab::m_ReadBandWidth, "<html>The data read from the memory, in MB/s.</html>",
+                        KVXEColumn::None, &Tab::updateDdrmcBandWidth),
+    kvxe::column::count(Tab::m_WriteBandWidth, "<html>The data written to the memory, in MB/s.</html>",
+                        KVXEColumn::None, &Tab::updateDdrmcBandWidth),
+    choice(Tab::m_AccessPattern, patterns, &KVXECell::NoFormula,
+           "<html>Whether accesses follow each other in the memory, or each opens a row of its "
+           "own.</html>"),
+    kvxe::column::rate(Tab::m_ToggleRate, Tab::DefaultToggleRate,
+                       "<html>The share of the data bits that change from one transfer to the "
+                       "next.\nRandom and compressed data make 50%.</html>"),
+    kvxe::column::watts(Tab::m_VccsocPower, &Tab::updateDdrmcPowerRow,
+                        "Power that this controller draws from the supply of controllers and network.",
+                        Visibility::INTERNAL),
+    kvxe::column::watts(Tab::m_VccintioPower, &Tab::updateDdrmcPowerRow,
+                        "Power that this controller draws from the supply of the IO banks' logic.",
+                        Visibility::INTERNAL),
+    kvxe::column::watts(Tab::m_VccauxPower, &Tab::updateDdrmcPowerRow,
+                        "Power that this controller draws from the auxiliary supply.", Visibility::INTERNAL),
+    kvxe::column::watts(Tab::m_Power, &Tab::updateDdrmcPowerRow,
+                        "<html>The power of this controller and its interface. Its pins are rows of the IO "
+                        "tab.</html>"),
+    kvxe::column::comments(Tab::m_UserComments),
+};
 
 }  // namespace
 
 void KVXETarvekNocDdrmcTab::initDdrmcConfigTable() {
-  static const KVXEColumn columns[] = {
-      kvxe::column::name(m_Name, "<html>The name of this memory controller.</html>"),
-      choice(m_DramType, {}, &updateDramType,
-             "<html>The type of the memory.\nA row without a type stands for no controller.</html>"),
-      {.title = &m_Controller,
-       .type = STRING,
-       .formula = &updateController,
-       .toolTip = "<html>The kind of controller of this device that serves the DRAM type.</html>"},
-      choice(m_Standard, standards, &updateStandard,
-             "<html>Whether the memory is soldered or a module.\nThe long lines of a module lower the "
-             "highest data rate.</html>"),
-      {.title = &m_Channels,
-       .type = INT,
-       .isEditable = true,
-       .formula = &updateChannels,
-       .number = 1,
-       .minimum = 1,
-       .maximum = KVXMTarvekDdrmcData::largestChannelCount,
-       .toolTip = "<html>The number of channels that share the pins of the controller.</html>"},
-      {.title = &m_Datarate,
-       .type = FLOAT,
-       .isEditable = true,
-       .formula = &updateDatarate,
-       .unit = Unit::FIXED_Mbps_SHOW,
-       .minimum = 0,
-       .toolTip = "<html>The data rate of a pin.\nBlank takes the highest that the device's grade "
-                  "reaches.</html>"},
-      {.title = &m_DataWidth,
-       .type = INT,
-       .isEditable = true,
-       .formula = &updateDataWidth,
-       .number = DefaultDataWidth,
-       .isDropdown = true,
-       .entries = dataWidths,
-       .toolTip = "<html>The data pins of a channel, without those of the error correction.</html>"},
-      choice(m_Ecc, noYes, &KVXECell::NoFormula,
-             "<html>Whether a check byte is stored with eight bytes of data.</html>"),
-      choice(m_Crypto, noYes, &updateCrypto,
-             "<html>Whether the controller encrypts the memory's contents. DDRMC5C can.</html>"),
-      bandWidthColumn(m_ReadBandWidth, &updateDdrmcBandWidth,
-                      "<html>The data read from the memory, in MB/s.</html>"),
-      bandWidthColumn(m_WriteBandWidth, &updateDdrmcBandWidth,
-                      "<html>The data written to the memory, in MB/s.</html>"),
-      choice(m_AccessPattern, patterns, &KVXECell::NoFormula,
-             "<html>Whether accesses follow each other in the memory, or each opens a row of its "
-             "own.</html>"),
-      toggleRateColumn("<html>The share of the data bits that change from one transfer to the "
-                       "next.\nRandom and compressed data make 50%.</html>"),
-      kvxe::column::watts(m_VccsocPower, &updateDdrmcPowerRow,
-                          "Power that this controller draws from the supply of controllers and network.",
-                          Visibility::INTERNAL),
-      kvxe::column::watts(m_VccintioPower, &updateDdrmcPowerRow,
-                          "Power that this controller draws from the supply of the IO banks' logic.",
-                          Visibility::INTERNAL),
-      kvxe::column::watts(m_VccauxPower, &updateDdrmcPowerRow,
-                          "Power that this controller draws from the auxiliary supply.",
-                          Visibility::INTERNAL),
-      kvxe::column::watts(m_Power, &updateDdrmcPowerRow,
-                          "<html>The power of this controller and its interface. Its pins are rows of the IO "
-                          "tab.</html>"),
-      kvxe::column::comments(m_UserComments),
-  };
   kvxe::createConfigTable(*this, m_DdrmcConfigTable, columns, m_Name, "DDRMC");
 }
 
@@ -112,42 +109,23 @@ void KVXETarvekNocDdrmcTab::initDdrmcConfigTable() {
 
 namespace {
 
-std::string readText(KVXERow* row, const KVXETitle& column) {
-  std::string text;
-  row->getCell(&column)->getVal(text, true);
-  return text;
-}
-
-/// The number in a column, 0 for a blank cell.
-int readCount(KVXERow* row, const KVXETitle& column) {
-  int count = 0;
-  return row->getCell(&column)->getVal(count, true) ? count : 0;
-}
-
 bool hasController(const kvxm::DramSupport& support) {
   return kvxe::availableCount(support.resource).value_or(0) > 0;
 }
 
 /// What the row's controller can do with its DRAM type; null for a row without a controller.
 const kvxm::DramSupport* readSupport(KVXERow* row) {
-  const std::string controller = readText(row, Tab::m_Controller);
+  const std::string controller = kvxe::readText(row, Tab::m_Controller);
   if (controller.empty()) return nullptr;
-  return KVXMTarvekDdrmcData::getGlobal().find(controller, readText(row, Tab::m_DramType));
-}
-
-/// Gives a cell its list, if it has another one, and keeps its value.
-template <class T>
-void offer(KVXECell* cell, const std::vector<T>& list) {
-  if (static_cast<KVXETemplateCell<T>*>(cell)->getDDVals() != list) cell->setDDValsAndMarkEngineClean(list);
-  cell->markEngineClean();
+  return KVXMTarvekDdrmcData::getGlobal().find(controller, kvxe::readText(row, Tab::m_DramType));
 }
 
 /// Offers a list of the row's DRAM type, or that of the column in a row without a controller.
 template <class T>
 void offerSupported(const KVXEUID& uid, std::vector<T> kvxm::DramSupport::*list) {
   const kvxm::DramSupport* support = readSupport(uid.getRow());
-  KVXECell* column = uid.getCell()->getHeaderDefaultCell();
-  offer(uid.getCell(), support ? support->*list : static_cast<KVXETemplateCell<T>*>(column)->getDDVals());
+  const auto* column = static_cast<KVXETemplateCell<T>*>(uid.getCell()->getHeaderDefaultCell());
+  kvxe::offerInCell(uid.getCell(), support ? support->*list : column->getDDVals());
 }
 
 }  // namespace
@@ -159,18 +137,13 @@ void KVXETarvekNocDdrmcTab::updateDramType(const KVXEUID& uid) {
     if (hasController(support) && std::find(types.begin(), types.end(), support.dramType) == types.end())
       types.push_back(support.dramType);
   // The list is the column's: the first row that is evaluated after a change of the device brings it.
-  auto* column = static_cast<KVXEStringCell*>(uid.getCell()->getHeaderDefaultCell());
-  if (column->getDDVals() != types) {
-    column->setDDValsAndMarkEngineClean(types);
-    if (column->getState() == KVXEEnums::CellState::HEADER_CLEAN)
-      column->setState(KVXEEnums::CellState::HEADER_DIRTY);
-  }
+  kvxe::offerInColumn(uid.getCell()->getHeaderDefaultCell(), types);
   uid.getCell()->markEngineClean();
 }
 
 void KVXETarvekNocDdrmcTab::updateController(const KVXEUID& uid) {
   if (!kvxe::isInTable(uid, m_DdrmcConfigTable, "kind of memory controller")) return;
-  const std::string type = readText(uid.getRow(), m_DramType);
+  const std::string type = kvxe::readText(uid.getRow(), m_DramType);
   for (const kvxm::DramSupport& support : KVXMTarvekDdrmcData::getGlobal().getDramSupport())
     if (support.dramType == type && hasController(support))
       return uid.getCell()->setValAndMarkEngineClean(support.controller);
@@ -197,7 +170,7 @@ void KVXETarvekNocDdrmcTab::updateCrypto(const KVXEUID& uid) {
 namespace {
 
 float readMaximumRate(KVXERow* row, const kvxm::DramSupport& support) {
-  return support.maximumRate(readText(row, Tab::m_Standard), kvxe::readSpeedGrade());
+  return support.maximumRate(kvxe::readText(row, Tab::m_Standard), kvxe::readSpeedGrade());
 }
 
 /// Mbps of a pin.
@@ -213,8 +186,9 @@ void KVXETarvekNocDdrmcTab::updateChannels(const KVXEUID& uid) {
   if (!kvxe::isInTable(uid, m_DdrmcConfigTable, "channels of a memory controller")) return;
   int channels = 0;
   const bool isUsed = uid.getCell()->getVal(channels, false) && readSupport(uid.getRow());
-  const bool isExceeded = isUsed && channels > 0 &&
-                          readCount(uid.getRow(), m_DataWidth) > KVXMTarvekDdrmcData::dataPins / channels;
+  const bool isExceeded =
+      isUsed && channels > 0 &&
+      kvxe::readCount(uid.getRow(), m_DataWidth) > KVXMTarvekDdrmcData::dataPins / channels;
   finishChecked(uid, isExceeded,
                 "<html>The channels of a controller have " +
                     KVXMHelperUtils::ToString(KVXMTarvekDdrmcData::dataPins) +
@@ -244,8 +218,8 @@ void KVXETarvekNocDdrmcTab::updateDdrmcBandWidth(const KVXEUID& uid) {
       uid.getCell() == row->getCell(&m_ReadBandWidth) ? m_WriteBandWidth : m_ReadBandWidth;
   float opposite = 0.0f;
   if (!row->getCell(&other)->getVal(opposite, false)) opposite = 0.0f;
-  const double limit = double{readDatarate(row, *support)} * readCount(row, m_Channels) *
-                       readCount(row, m_DataWidth) / bitsPerByte;
+  const double limit = double{readDatarate(row, *support)} * kvxe::readCount(row, m_Channels) *
+                       kvxe::readCount(row, m_DataWidth) / bitsPerByte;
   finishChecked(uid, static_cast<double>(own) + opposite > limit,
                 "<html>The memory carries " + KVXMHelperUtils::formatFixed(limit, 0) +
                     " MB/s in both directions together.\nPlease review bandwidths, data rate and data "
@@ -285,13 +259,13 @@ ControllerPower calculateController(const KVXEUID& uid, const kvxm::DramSupport&
   KVXERow* row = uid.getRow();
   Params params;
   params[Params::StringEnum::DEVICE] = kvxe::readDevice(uid);
-  params[I::NUM_CHANNELS] = readCount(row, Tab::m_Channels);
-  params[I::DATA_WIDTH] = readCount(row, Tab::m_DataWidth);
-  params[I::ECC_USAGE] = readText(row, Tab::m_Ecc) == "Yes";
-  params[I::READ_BAND_WIDTH] = readCount(row, Tab::m_ReadBandWidth);
-  params[I::WRITE_BAND_WIDTH] = readCount(row, Tab::m_WriteBandWidth);
-  params[I::RANDOM_ACCESS] = readText(row, Tab::m_AccessPattern) == "Random";
-  params[I::ENCRYPTION] = readText(row, Tab::m_Crypto) == "Yes";
+  params[I::NUM_CHANNELS] = kvxe::readCount(row, Tab::m_Channels);
+  params[I::DATA_WIDTH] = kvxe::readCount(row, Tab::m_DataWidth);
+  params[I::ECC_USAGE] = kvxe::readText(row, Tab::m_Ecc) == "Yes";
+  params[I::READ_BAND_WIDTH] = kvxe::readCount(row, Tab::m_ReadBandWidth);
+  params[I::WRITE_BAND_WIDTH] = kvxe::readCount(row, Tab::m_WriteBandWidth);
+  params[I::RANDOM_ACCESS] = kvxe::readText(row, Tab::m_AccessPattern) == "Random";
+  params[I::ENCRYPTION] = kvxe::readText(row, Tab::m_Crypto) == "Yes";
   params[F::DATA_RATE] = readDatarate(row, support);
   params[F::VCCSOC] = volts.vccsoc;
   params[F::VCCINTIO] = volts.vccintio;

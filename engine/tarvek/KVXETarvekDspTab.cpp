@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "engine/base/services/KVXEParamControlMgr.h"
 #include "engine/base/workbook/KVXEHeaderRow.h"
 #include "engine/base/workbook/KVXETemplateCell.h"
 #include "models/tarvek/KVXMTarvekDspConfig.h"
@@ -88,9 +87,7 @@ bool KVXETarvekDspTab::isDerivedConfigMode(const std::string& config) {
 }
 
 void KVXETarvekDspTab::updateDspParams(const KVXEUID& uid, KVXMTarvekDspConfigParams& params) {
-  std::string config;
-  uid.getRow()->getCell(&m_Config)->getVal(config, true);
-  params[ConfigString::CONFIGURATION] = config;
+  params[ConfigString::CONFIGURATION] = kvxe::readText(uid.getRow(), m_Config);
 }
 
 KVXMTarvekDspConfigParams KVXETarvekDspTab::readConfig(const KVXEUID& uid) {
@@ -212,9 +209,7 @@ void KVXETarvekDspTab::updateDspConfigPowerRow(const KVXEUID& uid) {
   if (!kvxe::isInTable(uid, m_DspConfigTable, "power of DSP slices")) return;
   const std::optional<DspRow> use = readDspRow(uid, m_DspCount);
   if (!use) return uid.getCell()->setBlankAndMarkEngineClean();
-  std::string mode;
-  uid.getRow()->getCell(&m_Mode)->getVal(mode, true);
-  const SliceModel model = modelOf(mode);
+  const SliceModel model = modelOf(kvxe::readText(uid.getRow(), m_Mode));
   if (!model) return uid.getCell()->setBlankAndMarkEngineClean();
   const SlicePower slices = model(uid, *use);
   float watts = slices.data + slices.clock;

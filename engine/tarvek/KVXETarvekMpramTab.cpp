@@ -66,12 +66,10 @@ void KVXETarvekMpramTab::updateMpramConfigPowerRow(const KVXEUID& uid) {
   using F = KVXMTarvekHsRamParams::FloatEnum;
   if (!kvxe::isInTable(uid, m_ConfigTable, "power of multi-port memories")) return;
   KVXERow* row = uid.getRow();
-  int count = 0;
-  float megahertz = 0.0f;
-  const bool isUsed = row->getCell(&m_NumMemory)->getVal(count, true) && count > 0;
-  const bool isClocked = row->getCell(&m_IntfClkFreq)->getVal(megahertz, true) && megahertz > 0.0f;
+  const int count = kvxe::readCount(row, m_NumMemory);
+  const float megahertz = kvxe::readNumber(row, m_IntfClkFreq, 0.0f);
   const auto volts = kvxe::readVoltage(uid, "VCCINT");
-  if (!isUsed || !isClocked || !volts) return uid.getCell()->setBlankAndMarkEngineClean();
+  if (count <= 0 || !(megahertz > 0.0f) || !volts) return uid.getCell()->setBlankAndMarkEngineClean();
   KVXMTarvekHsRamParams params;
   params[KVXMTarvekHsRamParams::StringEnum::DEVICE] = kvxe::readDevice(uid);
   params[KVXMTarvekHsRamParams::IntEnum::NUM_MEMORY] = count;

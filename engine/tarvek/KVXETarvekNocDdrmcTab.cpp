@@ -22,31 +22,8 @@ void KVXETarvekNocDdrmcTab::init() {
   initUtilizationTable();
 }
 
-// What the configuration tables share.
-
-namespace {
-
-constexpr float DefaultToggleRate = 0.5f;  // of random data
-
-}  // namespace
-
-KVXEColumn KVXETarvekNocDdrmcTab::bandWidthColumn(const KVXETitle& title, KVXEFormula formula,
-                                                  const char* toolTip) {
-  KVXEColumn column = kvxe::column::count(title, toolTip);
-  column.formula = formula;
-  return column;
-}
-
-KVXEColumn KVXETarvekNocDdrmcTab::toggleRateColumn(const char* toolTip) {
-  return kvxe::column::rate(m_ToggleRate, DefaultToggleRate, toolTip);
-}
-
 void KVXETarvekNocDdrmcTab::finishChecked(const KVXEUID& uid, bool isExceeded, const std::string& warning) {
-  if (isExceeded) {
-    uid.getCell()->setMsg(KvxSeverity::WARNING, warning);
-  } else {
-    uid.getCell()->clearMsg();
-  }
+  kvxe::showWarning(uid.getCell(), isExceeded ? std::optional(warning) : std::nullopt);
   uid.getCell()->markEngineClean();
 }
 

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "engine/base/workbook/KVXEColumn.h"
 #include "engine/base/workbook/KVXETab.h"
 
 /// The tab of what moves data across the device: connections through the network on chip, and hard memory
@@ -24,6 +23,8 @@ class KVXETarvekNocDdrmcTab : public KVXETab {
   // Rows of the utilization table, and its column of watts.
   static const std::string m_NocStr, m_ClockBufferStr, m_HardMcStr, m_Ddrmc5Str, m_Ddrmc5CStr, m_HbmmcStr;
   inline static const KVXETitle& m_PowerColumn = KVXETab::m_BlockPowerColumn;
+
+  static constexpr float DefaultToggleRate = 0.5f;  ///< of random data
 
   using KVXETab::KVXETab;
   std::string className() const override { return "KVXETarvekNocDdrmcTab"; }
@@ -64,9 +65,6 @@ class KVXETarvekNocDdrmcTab : public KVXETab {
   void initPowerTable();
   void initUtilizationTable();
 
-  // What both configuration tables have, in several files.
-  static KVXEColumn bandWidthColumn(const KVXETitle& title, KVXEFormula formula, const char* toolTip);
-  static KVXEColumn toggleRateColumn(const char* toolTip);
   /// Puts the warning on the formula's cell, or takes the last one away, and keeps the cell's value.
   static void finishChecked(const KVXEUID& uid, bool isExceeded, const std::string& warning);
 };

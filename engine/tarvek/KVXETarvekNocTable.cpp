@@ -1,6 +1,5 @@
 // The table of connections through the network on chip.
 
-#include "engine/base/tabs/KVXEClockManagers.h"
 #include "engine/base/tabs/KVXEConfigTable.h"
 #include "engine/base/workbook/KVXERow.h"
 #include "engine/tarvek/KVXETarvekNocDdrmcTab.h"
@@ -22,46 +21,49 @@ constexpr double LargestSwitchCount = 100;
 
 const KVXETitle* const results[] = {&Tab::m_NocPower, &Tab::m_ClockBufferPower, &Tab::m_Power};
 
+const KVXEColumn columns[] = {
+    kvxe::column::name(Tab::m_ModuleName,
+                       "<html>The name of this connection: of the module that uses it, and of the "
+                       "endpoint.</html>"),
+    {.title = &Tab::m_NocClock,
+     .type = FLOAT,
+     .isEditable = true,
+     .formula = &Tab::updateNocClock,
+     .unit = Unit::FREQUENCY_SHOW,
+     .number = DefaultMegahertz,
+     .minimum = 0,
+     .toolTip = "<html>The clock of the switches. The network has a clock of its own, which belongs to "
+                "none of the clocks of the design.</html>"},
+    {.title = &Tab::m_NocSwitches,
+     .type = INT,
+     .isEditable = true,
+     .number = DefaultSwitches,
+     .minimum = 1,
+     .maximum = LargestSwitchCount,
+     .toolTip = "<html>The number of switches between the endpoints: the physical length of the "
+                "connection.\nNeighbours have 2 or 3, the way across a large device has 15 and "
+                "more.</html>"},
+    kvxe::column::count(Tab::m_ReadBandWidth, "<html>The data read through this connection, in MB/s.</html>",
+                        KVXEColumn::None, &Tab::updateNocBandWidth),
+    kvxe::column::count(Tab::m_WriteBandWidth,
+                        "<html>The data written through this connection, in MB/s.</html>", KVXEColumn::None,
+                        &Tab::updateNocBandWidth),
+    kvxe::column::rate(Tab::m_ToggleRate, Tab::DefaultToggleRate,
+                       "<html>The share of the data bits that change from one word to the next.\nRandom and "
+                       "compressed data make 50%.</html>"),
+    kvxe::column::watts(Tab::m_NocPower, &Tab::updateNocPowerRow,
+                        "Power of endpoints, switches and links, which follows the data.",
+                        Visibility::INTERNAL),
+    kvxe::column::watts(Tab::m_ClockBufferPower, &Tab::updateNocPowerRow,
+                        "Power of the clock buffers of the switches.", Visibility::INTERNAL),
+    kvxe::column::watts(Tab::m_Power, &Tab::updateNocPowerRow,
+                        "<html>The power of this connection, with the clock buffers on its way.</html>"),
+    kvxe::column::comments(Tab::m_UserComments),
+};
+
 }  // namespace
 
 void KVXETarvekNocDdrmcTab::initNocConfigTable() {
-  static const KVXEColumn columns[] = {
-      kvxe::column::name(m_ModuleName,
-                         "<html>The name of this connection: of the module that uses it, and of the "
-                         "endpoint.</html>"),
-      {.title = &m_NocClock,
-       .type = FLOAT,
-       .isEditable = true,
-       .formula = &updateNocClock,
-       .unit = Unit::FREQUENCY_SHOW,
-       .number = DefaultMegahertz,
-       .minimum = 0,
-       .toolTip = "<html>The clock of the switches. The network has a clock of its own, which belongs to "
-                  "none of the clocks of the design.</html>"},
-      {.title = &m_NocSwitches,
-       .type = INT,
-       .isEditable = true,
-       .number = DefaultSwitches,
-       .minimum = 1,
-       .maximum = LargestSwitchCount,
-       .toolTip = "<html>The number of switches between the endpoints: the physical length of the "
-                  "connection.\nNeighbours have 2 or 3, the way across a large device has 15 and "
-                  "more.</html>"},
-      bandWidthColumn(m_ReadBandWidth, &updateNocBandWidth,
-                      "<html>The data read through this connection, in MB/s.</html>"),
-      bandWidthColumn(m_WriteBandWidth, &updateNocBandWidth,
-                      "<html>The data written through this connection, in MB/s.</html>"),
-      toggleRateColumn("<html>The share of the data bits that change from one word to the next.\nRandom and "
-                       "compressed data make 50%.</html>"),
-      kvxe::column::watts(m_NocPower, &updateNocPowerRow,
-                          "Power of endpoints, switches and links, which follows the data.",
-                          Visibility::INTERNAL),
-      kvxe::column::watts(m_ClockBufferPower, &updateNocPowerRow,
-                          "Power of the clock buffers of the switches.", Visibility::INTERNAL),
-      kvxe::column::watts(m_Power, &updateNocPowerRow,
-                          "<html>The power of this connection, with the clock buffers on its way.</html>"),
-      kvxe::column::comments(m_UserComments),
-  };
   kvxe::createConfigTable(*this, m_NocConfigTable, columns, m_ModuleName, "NoC");
 }
 

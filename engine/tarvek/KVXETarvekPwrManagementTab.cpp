@@ -136,12 +136,10 @@ void KVXETarvekPwrManagementTab::updateClockDomainRow(const KVXEUID& uid) {
   const float watts = kvxe::readNumber(clock, KVXETab::m_Power, 0.0f);
   const float megahertz = parsed->megahertz;
   const float scaled = kvxe::readNumber(row, m_MinScaledFreq, megahertz);
-  std::string gated;
-  row->getCell(&m_GatedClock)->getVal(gated, true);
   if (scaled > megahertz)
     managed->setMsg(KvxSeverity::WARNING,
                     "Minimum Scaled Frequency can't be greater than the frequency of the clock.");
-  const bool isGated = gated == m_yesStr;
+  const bool isGated = kvxe::readText(row, m_GatedClock) == m_yesStr;
   const bool isScaled = !isGated && scaled >= 0.0f && scaled < megahertz;
   const float gating = isGated ? watts : 0.0f;
   const float scaling = isScaled ? watts * (1.0f - scaled / megahertz) : 0.0f;
@@ -153,8 +151,7 @@ void KVXETarvekPwrManagementTab::updateClockDomainRow(const KVXEUID& uid) {
 
 void KVXETarvekPwrManagementTab::updateSaving(const KVXEUID& uid) {
   if (!kvxe::isInTable(uid, m_PotentialSavingsTable, "potential savings")) return;
-  std::string measure;
-  uid.getRow()->getCell(&m_Measure)->getVal(measure, true);
+  const std::string measure = kvxe::readText(uid.getRow(), m_Measure);
   float watts = 0.0f;
   if (measure == m_gatingStr) watts = uid.getTab()->sumColumn(&m_ClockDomainPwrTable, &m_GatingSaving);
   if (measure == m_scalingStr) watts = uid.getTab()->sumColumn(&m_ClockDomainPwrTable, &m_ScalingSaving);
@@ -184,8 +181,7 @@ float logicPower(const KVXEBook& book) {
 
 void KVXETarvekPwrManagementTab::updateDomainPower(const KVXEUID& uid) {
   if (!kvxe::isInTable(uid, m_PwrManagementTable, "power of a domain")) return;
-  std::string domain;
-  uid.getRow()->getCell(&m_Domain)->getVal(domain, true);
+  const std::string domain = kvxe::readText(uid.getRow(), m_Domain);
   const KVXEBook& book = *uid.getBook();
   if (domain == m_logicStr) return uid.getCell()->setValAndMarkEngineClean(logicPower(book));
   KVXETab* tab = book.getTab(TabType::PS);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <string_view>
 
 #include "models/catalogue/Characterisation.h"
 #include "models/common/Effects.h"
@@ -14,13 +15,6 @@ struct ClockManagerUse {
   double oscillatorHertz = 0.0;
   double outputHertz = 0.0;  ///< sum over the outputs
   double onShare = 1.0;      ///< share of the time that it is not powered down
-};
-
-/// The coefficients of one kind.
-struct ClockManagerEnergies {
-  Coefficient oscillator;
-  Coefficient output;
-  Coefficient bias;
 };
 
 /// Watts of the oscillator and the counters that follow it, which switch once per period: energy * (V/Vn)^2
@@ -58,6 +52,42 @@ ClockManagerUse clockManagerUse(const Params& params, int outputCount) {
   }
   use.onShare = 1.0 - std::min(used(params[F::POWER_DOWN]), 1.0);
   return use;
+}
+
+/// The model of an FSYN, the synthesizer that shifts phases: all but its bias is drawn from the core rail.
+template <class Params>
+void calculateFsyn(std::string_view architecture, Params& params) {
+  using F = typename Params::FloatEnum;
+  using S = typename Params::StringEnum;
+  constexpr int outputCount = 7;
+  const Characterisation& coefficients = characterisation(architecture, params[S::DEVICE]);
+  const ClockManagerUse use = clockManagerUse(params, outputCount);
+  const double volts = used(params[F::VCCINT]);
+  double watts =
+      oscillatorPower(coefficients, Coefficient::FsynOscillatorEnergy, use, volts,
+                      Coefficient::NominalVccint) +
+      outputDividerPower(coefficients, Coefficient::FsynOutputEnergy, use, volts, Coefficient::NominalVccint);
+  if (params[S::PHASE_SHIFT] == "Dynamic") watts += phaseShifterPower(coefficients, use, volts);
+  params[F::VCCINT_POWER] = toFloat(watts);
+  params[F::VCCAUX_POWER] =
+      toFloat(biasPower(coefficients, Coefficient::FsynBiasCurrent, use, used(params[F::VCCAUX])));
+}
+
+/// The model of a plain PLL. All but its bias is drawn from one rail, which depends on where the PLL stands:
+/// the slots of its voltage and watts, and its nominal voltage.
+template <class Params>
+void calculatePll(std::string_view architecture, Params& params, typename Params::FloatEnum voltage,
+                  typename Params::FloatEnum power, Coefficient nominal) {
+  using F = typename Params::FloatEnum;
+  constexpr int outputCount = 3;
+  const Characterisation& coefficients = characterisation(architecture, params[Params::StringEnum::DEVICE]);
+  const ClockManagerUse use = clockManagerUse(params, outputCount);
+  const double volts = used(params[voltage]);
+  params[power] =
+      toFloat(oscillatorPower(coefficients, Coefficient::PllOscillatorEnergy, use, volts, nominal) +
+              outputDividerPower(coefficients, Coefficient::PllOutputEnergy, use, volts, nominal));
+  params[F::VCCAUX_POWER] =
+      toFloat(biasPower(coefficients, Coefficient::PllBiasCurrent, use, used(params[F::VCCAUX])));
 }
 
 }  // namespace kvxm

@@ -37,7 +37,7 @@ struct MemoryPower {
 
 /// The energy of an access is that of a word line and its decoder, which grows with the square root of the
 /// capacity, and that of each bit line pair that is sensed or driven. (Muralimanohar, Balasubramonian and
-/// Jouppi, CACTI 6.0, HP Laboratories 2009; Horowitz, Computing's energy problem, ISSCC 2014.) In a cascade
+/// Jouppi, CACTI 6.0, 2009; Horowitz, Computing's energy problem, ISSCC 2014.) In a cascade
 /// one memory of a group is accessed, and its output runs through the multiplexers of the others.
 MemoryPower memoryPower(const Characterisation& coefficients, const MemoryUse& use, double coreVolts,
                         double arrayVolts);

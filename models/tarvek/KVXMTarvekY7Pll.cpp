@@ -2,22 +2,7 @@
 
 #include "models/common/ClockManagerPower.h"
 
-using kvxm::Coefficient;
-using kvxm::toFloat;
-using kvxm::used;
-
 void KVXMTarvekY7PllModel::calculate(KVXMTarvekY7PllParams& params) const {
   using F = KVXMTarvekY7PllParams::FloatEnum;
-  using S = KVXMTarvekY7PllParams::StringEnum;
-  constexpr int OutputCount = 3;
-  const kvxm::Characterisation& coefficients = kvxm::characterisation("Tarvek", params[S::DEVICE]);
-  const kvxm::ClockManagerUse use = kvxm::clockManagerUse(params, OutputCount);
-  const double volts = used(params[F::VCCINTIO]);
-  const double watts = kvxm::oscillatorPower(coefficients, Coefficient::PllOscillatorEnergy, use, volts,
-                                             Coefficient::NominalVccintio) +
-                       kvxm::outputDividerPower(coefficients, Coefficient::PllOutputEnergy, use, volts,
-                                                Coefficient::NominalVccintio);
-  params[F::VCCINTIO_POWER] = toFloat(watts);
-  params[F::VCCAUX_POWER] =
-      toFloat(kvxm::biasPower(coefficients, Coefficient::PllBiasCurrent, use, used(params[F::VCCAUX])));
+  kvxm::calculatePll("Tarvek", params, F::VCCINTIO, F::VCCINTIO_POWER, kvxm::Coefficient::NominalVccintio);
 }

@@ -188,6 +188,10 @@ TYPED_TEST(ClockRecords, FrequencyTravelsToTheManagers) {
   clock.fanout = 10;
   ASSERT_TRUE(this->clocks().edit(clock));
   EXPECT_EQ(this->mgrs().get("m1")->refClock, 70) << "the clock's frequency is what it was";
+
+  ASSERT_TRUE(this->clocks().edit({.name = "in", .frequency = 25}));
+  EXPECT_EQ(this->mgrs().get("m1")->refClock, 25) << "connected until the record without it was written";
+  EXPECT_THAT(this->clocks().get("in")->clockMgrs, IsEmpty());
 }
 
 TYPED_TEST(ClockRecords, ManagerBringsItsClocks) {

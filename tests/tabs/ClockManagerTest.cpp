@@ -2,7 +2,7 @@
 
 #include "engine/base/tabs/KVXEClockTab.h"
 #include "engine/base/tabs/KVXEPowerDesignTab.h"
-#include "tests/kit/Captured.h"
+#include "tests/kit/Consistency.h"
 #include "tests/kit/DeviceBook.h"
 
 using namespace ::testing;
@@ -54,14 +54,6 @@ class ManagerBook : public Test {
     put(row, Clock::m_MultiplyCounter, 10);
     put(row, Clock::m_Clk0Divide, 5);
   }
-  /// Calculates what was put in, and checks that a full calculation finds the same.
-  void calculate() {
-    KVXECalculationMgr::getGlobal().incrCalculate();
-    Captured captured;
-    const bool isSame = KVXECalculationMgr::getGlobal().verifyIncrVsFull();
-    KVXECellStateMgr::getGlobal().markGuiClean();
-    EXPECT_TRUE(isSame) << captured.text();
-  }
   std::vector<std::string> offered(KVXECell* cell) {
     std::vector<std::string> list;
     cell->getDDVals(list);
@@ -74,7 +66,7 @@ class ManagerBook : public Test {
     for (const std::string& type : offered(manager(1, Clock::m_ClkMgrType))) add(++row, type);
     m_typeCount = row;
     ASSERT_GE(row, 2u);
-    calculate();
+    calculateEdits();
   }
 
   std::unique_ptr<DeviceBook> m_book;
@@ -138,16 +130,16 @@ TEST_P(Managers, AreBlankWithoutAReferenceOrARunningOscillator) {
                                      &Clock::m_MultiplyCounter};
   for (const KVXETitle* column : needed) {
     for (unsigned int row = 1; row <= m_typeCount; ++row) clear(row, *column);
-    calculate();
+    calculateEdits();
     for (unsigned int row = 1; row <= m_typeCount; ++row)
       for (const KVXETitle* result : {&Clock::m_Power, &Clock::m_VccintPwr, &Clock::m_VccauxPwr})
         EXPECT_TRUE(std::isnan(numberIn(manager(row, *result)))) << column->getDisplayTag(false);
     for (unsigned int row = 1; row <= m_typeCount; ++row) add(row, GetParam().types[row - 1]);
-    calculate();
+    calculateEdits();
     EXPECT_GT(watts(1), 0.0f);
   }
   put(1, Clock::m_RefClock, 0.0f);
-  calculate();
+  calculateEdits();
   EXPECT_TRUE(std::isnan(watts(1)));
 }
 
@@ -163,7 +155,7 @@ TEST_P(Managers, PassOnOnlyTheOutputsThatTheTypeHas) {
     for (int i = 1; i < 7; ++i) {
       const float before = watts(row);
       put(row, *divides[i], 3);
-      calculate();
+      calculateEdits();
       EXPECT_EQ(watts(row) > before, i < outputs.at(type)) << type << " output " << i;
     }
   }
@@ -179,7 +171,7 @@ TEST_P(Managers, WarnAboveTheDeviceAndNoLonger) {
       put(row, Clock::m_Name, "m" + std::to_string(row));
       put(row, Clock::m_ClkMgrType, type);
     }
-    calculate();
+    calculateEdits();
     KVXECell* share = utilization(type, KVXETab::m_UtilColumn);
     ASSERT_TRUE(share->getMsg()) << type;
     EXPECT_EQ(share->getSeverity(), KvxSeverity::WARNING);
@@ -188,7 +180,7 @@ TEST_P(Managers, WarnAboveTheDeviceAndNoLonger) {
                   " utilization exceeds 100%.\nPlease review the usage in Clock Managers table.</html>");
     clear(1, Clock::m_Name);
     if (GetParam().arch != "Arkeon") clear(1, Clock::m_ClkMgrType);  // or the row gets a name of its own
-    calculate();
+    calculateEdits();
     EXPECT_FALSE(share->getMsg()) << type;
     EXPECT_FLOAT_EQ(numberIn(share), 1.0f);
     for (unsigned int row = 1; row <= count + 1; ++row) {
@@ -202,7 +194,7 @@ TEST_F(ManagerBook, ShowsTheOscillatorAndWarnsOutsideItsRange) {
   for (const char* arch : {"Arkeon", "Hexaline+"}) {
     open(arch);
     add(1, "FSYN");
-    calculate();
+    calculateEdits();
     KVXECell* vco = manager(1, Clock::m_VcoFreq);
     EXPECT_FLOAT_EQ(numberIn(vco), 1000.0f);
     EXPECT_FALSE(vco->getMsg());
@@ -210,15 +202,15 @@ TEST_F(ManagerBook, ShowsTheOscillatorAndWarnsOutsideItsRange) {
          {std::tuple{2, 5, 250.0f}, std::tuple{1, 64, 6400.0f}, std::tuple{128, 1, 0.78125f}}) {
       put(1, Clock::m_DivideCounter, divide);
       put(1, Clock::m_MultiplyCounter, multiply);
-      calculate();
+      calculateEdits();
       EXPECT_FLOAT_EQ(numberIn(vco), expected);
       EXPECT_EQ(vco->getSeverity(), KvxSeverity::WARNING);
     }
     add(1, "FSYN");
-    calculate();
+    calculateEdits();
     EXPECT_FALSE(vco->getMsg());
     clear(1, Clock::m_MultiplyCounter);
-    calculate();
+    calculateEdits();
     EXPECT_TRUE(std::isnan(numberIn(vco)));
   }
 }
@@ -226,13 +218,13 @@ TEST_F(ManagerBook, ShowsTheOscillatorAndWarnsOutsideItsRange) {
 TEST_F(ManagerBook, FollowsTheVoltagesOfThePowerDesign) {
   open("Arkeon", "AK1080");
   add(1, "FSYN");
-  calculate();
+  calculateEdits();
   const float before = numberIn(manager(1, Clock::m_VccintPwr));
   KVXECell* volts = m_book->cell(TabType::POWER_DESIGN, KVXETab::m_powerSupplyTable, "VCCINT",
                                  KVXETab::m_internalSupplyColumn, KVXETab::m_voltageColumn);
   const float nominal = numberIn(volts);
   m_book->put(volts, nominal * 1.02f);
-  calculate();
+  calculateEdits();
   EXPECT_NEAR(numberIn(manager(1, Clock::m_VccintPwr)), 1.02 * 1.02 * before, 1e-4 * before);
 }
 
@@ -240,11 +232,11 @@ TEST_F(ManagerBook, LetsAnOutputClockHaveASourceOfItsOwn) {
   open("Arkeon");
   m_book->put(clock(1, Clock::m_Source), std::string("FSYN:mgr1:clk_out1"));
   m_book->put(clock(2, Clock::m_Source), std::string("Somewhere"));
-  calculate();
+  calculateEdits();
   EXPECT_THAT(offered(clock(1, Clock::m_Source)), ElementsAre("External", "Internal", "FSYN:mgr1:clk_out1"));
   EXPECT_THAT(offered(clock(2, Clock::m_Source)), ElementsAre("External", "Internal"));
   m_book->put(clock(1, Clock::m_Source), std::string("Internal"));
-  calculate();
+  calculateEdits();
   EXPECT_THAT(offered(clock(1, Clock::m_Source)), ElementsAre("External", "Internal"));
 }
 
@@ -253,14 +245,14 @@ TEST_F(ManagerBook, OffersTheClocksOfTheOlderDeviceAsReferences) {
   const float megahertz[] = {100.0f, 33.3333f, 100.0f};
   for (unsigned int row = 1; row <= 3; ++row) m_book->put(clock(row, Clock::m_ClockFreq), megahertz[row - 1]);
   add(1, "FSYN");
-  calculate();
+  calculateEdits();
   const auto* list = static_cast<KVXEFloatCell*>(manager(1, Clock::m_RefClock));
   EXPECT_THAT(list->getDDVals(), ElementsAre(100.0f, 33.3333f));
   manager(1, Clock::m_RefClock)->addDDErrorMsgIfApplicable();
   EXPECT_FALSE(manager(1, Clock::m_RefClock)->getMsg());
   m_book->put(clock(1, Clock::m_ClockFreq), 50.0f);
   m_book->put(clock(3, Clock::m_ClockFreq), 50.0f);
-  calculate();
+  calculateEdits();
   manager(1, Clock::m_RefClock)->addDDErrorMsgIfApplicable();
   EXPECT_EQ(manager(1, Clock::m_RefClock)->getSeverity(), KvxSeverity::ERROR);
 }
@@ -270,14 +262,14 @@ TEST_F(ManagerBook, NamesTheManagersOfTheOlderDeviceAndKnowsWhatTheyShift) {
   put(2, Clock::m_Name, std::string("clkmgr_1"));
   put(3, Clock::m_ClkMgrType, std::string("PLL"));
   put(4, Clock::m_ClkMgrType, std::string("FSYN"));
-  calculate();
+  calculateEdits();
   EXPECT_EQ(textIn(manager(1, Clock::m_Name)), "");
   EXPECT_EQ(textIn(manager(3, Clock::m_Name)), "clkmgr_2");
   EXPECT_EQ(textIn(manager(4, Clock::m_Name)), "clkmgr_3");
   EXPECT_THAT(offered(manager(3, Clock::m_PhaseShift)), ElementsAre("None"));
   EXPECT_THAT(offered(manager(4, Clock::m_PhaseShift)), ElementsAre("None", "Fixed", "Dynamic"));
   put(3, Clock::m_ClkMgrType, std::string("FSYN"));
-  calculate();
+  calculateEdits();
   EXPECT_THAT(offered(manager(3, Clock::m_PhaseShift)), ElementsAre("None", "Fixed", "Dynamic"));
 }
 

@@ -2,7 +2,7 @@
 #include "engine/base/tabs/KVXEConfigTable.h"
 #include "engine/morlan/KVXEMorlanDspTab.h"
 #include "engine/tarvek/KVXETarvekDspTab.h"
-#include "tests/kit/Captured.h"
+#include "tests/kit/Consistency.h"
 #include "tests/kit/DeviceBook.h"
 #include "tests/kit/ParamSwitch.h"
 
@@ -36,9 +36,7 @@ class DspTab : public ::testing::TestWithParam<std::string> {
     } else {
       book.edit(cell, value);
     }
-    const Captured out;
-    EXPECT_TRUE(KVXECalculationMgr::getGlobal().verifyIncrVsFull()) << out.text();
-    KVXECellStateMgr::getGlobal().markGuiClean();
+    expectConsistent();
   }
   void use(unsigned int row, int slices) {
     book.put(cell(row, count()), slices);

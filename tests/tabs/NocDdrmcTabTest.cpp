@@ -1,7 +1,7 @@
 #include "engine/base/tabs/KVXESummaryTab.h"
 #include "engine/tarvek/KVXETarvekNocDdrmcTab.h"
 #include "models/common/KVXMHelperUtils.h"
-#include "tests/kit/Captured.h"
+#include "tests/kit/Consistency.h"
 #include "tests/kit/DeviceBook.h"
 
 using namespace KVXEEnums;
@@ -62,22 +62,15 @@ class NocDdrmcTab : public ::testing::TestWithParam<Device> {
     if (cell->isInADropdownColumn()) cell->addDDErrorMsgIfApplicable();
     return cell->getMsg() ? cell->getMsg()->getDisplayText() : "";
   }
-  /// Calculates what was put in, and checks that a full calculation finds the same.
-  void calculate() {
-    KVXECalculationMgr::getGlobal().incrCalculate();
-    const Captured out;
-    EXPECT_TRUE(KVXECalculationMgr::getGlobal().verifyIncrVsFull()) << out.text();
-    KVXECellStateMgr::getGlobal().markGuiClean();
-  }
   void connect(unsigned int row, int read, int write) {
     book.put(noc(row, Noc::m_ReadBandWidth), read);
     book.put(noc(row, Noc::m_WriteBandWidth), write);
-    calculate();
+    calculateEdits();
   }
   void place(unsigned int row, int bandWidth = 8000) {
     book.put(controller(row, Noc::m_DramType), std::string(GetParam().dramType));
     book.put(controller(row, Noc::m_ReadBandWidth), bandWidth);
-    calculate();
+    calculateEdits();
   }
 
   DeviceBook book{KVXEPartSelection::m_arkeonArchName};
@@ -91,7 +84,7 @@ TEST_P(NocDdrmcTab, NothingUsedDrawsNothing) {
   EXPECT_EQ(summary("Hard MC"), 0.0f);
   book.put(noc(1, Noc::m_ModuleName), std::string("named only"));
   book.put(controller(1, Noc::m_ReadBandWidth), 1000);
-  calculate();
+  calculateEdits();
   EXPECT_EQ(dynamicPower(), 0.0f);
   EXPECT_TRUE(std::isnan(numberIn(noc(1, Noc::m_Power))));
   EXPECT_TRUE(std::isnan(numberIn(controller(1, Noc::m_Power))));
@@ -139,7 +132,7 @@ TEST_P(NocDdrmcTab, WarnsOfMoreControllersThanTheDeviceHas) {
                                   kind + " table.</html>");
   EXPECT_EQ(share->getSeverity(), KvxSeverity::WARNING);
   controller(1, Noc::m_DramType)->setBlankAndState(CellState::DIRTY_DIRTY);
-  calculate();
+  calculateEdits();
   EXPECT_EQ(messageOf(share), "");
 }
 
@@ -148,14 +141,14 @@ TEST_P(NocDdrmcTab, ABlankDataRateIsTheHighest) {
   KVXECell* rate = controller(1, Noc::m_Datarate);
   const float highest = numberIn(controller(1, Noc::m_Power));
   book.put(rate, 20000.0f);
-  calculate();
+  calculateEdits();
   const std::string warning = messageOf(rate);
   const std::string opening = "<html>Maximum datarate for selected device grade is  ";
   ASSERT_EQ(warning.substr(0, opening.size()), opening);
   EXPECT_EQ(rate->getSeverity(), KvxSeverity::WARNING);
   EXPECT_GT(numberIn(controller(1, Noc::m_Power)), highest);
   book.put(rate, KVXMHelperUtils::s2f(warning.substr(opening.size())));
-  calculate();
+  calculateEdits();
   EXPECT_EQ(messageOf(rate), "");
   EXPECT_FLOAT_EQ(numberIn(controller(1, Noc::m_Power)), highest);
 }
@@ -167,11 +160,11 @@ TEST_P(NocDdrmcTab, WarnsOfWhatDoesNotFit) {
   KVXECell* read = controller(1, Noc::m_ReadBandWidth);
   for (const int write : {7900, 7901}) {
     book.put(controller(1, Noc::m_WriteBandWidth), write);
-    calculate();
+    calculateEdits();
     EXPECT_EQ(messageOf(read) != "", write > 7900) << "32 bits at 2000 Mbps carry 8000 MB/s";
   }
   book.put(controller(1, Noc::m_Channels), 2);
-  calculate();
+  calculateEdits();
   EXPECT_EQ(messageOf(read), "");
   EXPECT_EQ(messageOf(controller(1, Noc::m_Channels)), "") << "64 data pins";
 
@@ -180,7 +173,7 @@ TEST_P(NocDdrmcTab, WarnsOfWhatDoesNotFit) {
   EXPECT_NE(messageOf(noc(1, Noc::m_WriteBandWidth)), "");
   EXPECT_EQ(messageOf(noc(1, Noc::m_NocClock)), "");
   book.put(noc(1, Noc::m_NocClock), 1300.0f);
-  calculate();
+  calculateEdits();
   EXPECT_EQ(messageOf(noc(1, Noc::m_WriteBandWidth)), "");
   EXPECT_NE(messageOf(noc(1, Noc::m_NocClock)), "");
 }
@@ -191,7 +184,7 @@ TEST_P(NocDdrmcTab, OffersWhatTheControllerSupports) {
   ASSERT_TRUE(controller(1, Noc::m_DramType)->getDDVals(list));
   for (const std::string& type : list) {
     book.put(controller(1, Noc::m_DramType), type);
-    calculate();
+    calculateEdits();
     EXPECT_EQ(textIn(controller(1, Noc::m_Controller)), GetParam().controller) << type;
     std::vector<std::string> standards;
     controller(1, Noc::m_Standard)->getDDVals(standards);
@@ -200,7 +193,7 @@ TEST_P(NocDdrmcTab, OffersWhatTheControllerSupports) {
     EXPECT_EQ(messageOf(controller(1, Noc::m_Standard)), "");
   }
   book.put(controller(1, Noc::m_Crypto), std::string("Yes"));
-  calculate();
+  calculateEdits();
   EXPECT_EQ(messageOf(controller(1, Noc::m_Crypto)) == "", std::string(GetParam().controller) == "DDRMC5C");
 }
 
@@ -210,7 +203,7 @@ TEST_P(NocDdrmcTab, AnUsedUpRowIsADefaultRowAgain) {
   place(1);
   EXPECT_EQ(table->getFirstRowIDWithDefaults(true), 2u);
   table->resetDefaults(1, 1);
-  calculate();
+  calculateEdits();
   EXPECT_EQ(table->getFirstRowIDWithDefaults(true), 1u);
 }
 

@@ -88,7 +88,7 @@ class PowerDelivery : public testing::Test {
     edit(table->getCellAt(1, &KVXELogicTab::m_LutAsLogic), 60000);
   }
 
-  /// The groups in use: what the delivery design shows, each with its rails by internal name.
+  /// The supplies in use: what the delivery design shows, each with its rails by internal name.
   std::map<std::string, std::set<std::string>> groups(const kvxm::Device& device) {
     std::map<std::string, std::set<std::string>> found;
     KVXETable* table = design()->getTable(&Tab::m_powerSupplyDesignTable);

@@ -1,4 +1,4 @@
-// The power delivery design of real books: which rails share a supply, its voltage, currents and margin.
+// The power delivery design of real books: which supply feeds each rail, its voltage, currents and margin.
 
 #include "tests/tabs/PowerDeliveryBook.h"
 
@@ -24,7 +24,8 @@ class EveryPowerDelivery : public PowerDelivery, public testing::WithParamInterf
   void expectSoundGroups(const kvxm::Device& device, const std::string& consolidation) {
     std::map<std::string, std::string> groupOfRail;
     for (const auto& [group, rails] : groups(device)) {
-      EXPECT_GE(rails.size(), 2u) << group;
+      EXPECT_TRUE(rails.size() > 1 || device.supply(group)) << group;
+      EXPECT_EQ(supply(group, Tab::m_psdVoltageColumn)->getIsEditable(), rails.size() > 1) << group;
       for (const std::string& name : rails) {
         EXPECT_TRUE(groupOfRail.emplace(name, group).second) << name << " is in two groups";
         EXPECT_EQ(numberIn(supply(group, Tab::m_psdVoltageColumn)), Tab::getNomVoltage(uid(), name)) << group;
@@ -32,19 +33,21 @@ class EveryPowerDelivery : public PowerDelivery, public testing::WithParamInterf
     }
     for (const kvxm::Supply& one : device.supplies) {
       SCOPED_TRACE(one.rail);
+      EXPECT_NE(groupOf(one.rail), "");
       EXPECT_EQ(groupOf(one.rail), groupOfRail[one.rail]);
-      EXPECT_EQ(rail(one.rail, KVXETab::m_voltageColumn)->getIsEditable(), groupOfRail[one.rail].empty());
+      EXPECT_EQ(rail(one.rail, KVXETab::m_voltageColumn)->getIsEditable(),
+                groupOf(one.rail) == one.displayName);
       EXPECT_EQ(Tab::getVoltage(uid(), one.rail), Tab::getNomVoltage(uid(), one.rail));
     }
     if (consolidation == full) {
-      EXPECT_EQ(groupOf("VCCINT"), "");
+      EXPECT_EQ(groupOf("VCCINT"), "VCCINT");
     }
   }
 };
 
 }  // namespace
 
-TEST_P(EveryPowerDelivery, EveryRailIsInOneGroupOfItsVoltageAtMost) {
+TEST_P(EveryPowerDelivery, EveryRailIsInOneSupplyOfItsVoltage) {
   open(GetParam());
   size_t shared[2] = {};
   for (const std::string& part : parts()) {
@@ -77,18 +80,24 @@ TEST_P(EveryPowerDelivery, ASupplyGivesWhatItsRailsDraw) {
                                                               {"Total", &KVXETab::m_totalCurrentColumn}};
   for (const auto& [selection, column] : choices) {
     edit(choice(Tab::m_currentSelectionTable), selection);
+    double supplies = 0.0;
     for (const auto& [group, rails] : found) {
       SCOPED_TRACE(selection + " " + group);
-      float sum = 0.0f;
-      float step = 0.0f;
+      double sum = 0.0;
+      double step = 0.0;
       for (const std::string& name : rails) {
-        const float startup = amps(name, *column);
-        sum +=
-            selection == "Powerup" ? std::max(startup, amps(name, KVXETab::m_totalCurrentColumn)) : startup;
+        const float drawn = amps(name, *column);
+        sum += selection == "Powerup" ? std::max(drawn, amps(name, KVXETab::m_totalCurrentColumn)) : drawn;
         step += amps(name, KVXETab::m_stepLoadColumn) * amps(name, KVXETab::m_dynamicCurrentColumn);
       }
       EXPECT_NEAR(numberIn(supply(group, Tab::m_psdEstimatedCurrentColumn)), sum, 1e-5f * sum);
       EXPECT_NEAR(numberIn(supply(group, Tab::m_psdStepLoadColumn)), step, 1e-5f * step);
+      supplies += numberIn(supply(group, Tab::m_psdEstimatedCurrentColumn));
+    }
+    double rails = 0.0;
+    for (const kvxm::Supply& one : device->supplies) rails += amps(one.rail, *column);
+    if (selection != "Powerup") {
+      EXPECT_NEAR(supplies, rails, 1e-5 * rails) << selection;
     }
   }
 }
@@ -125,11 +134,33 @@ TEST_F(PowerDelivery, AGroupHasOneVoltage) {
   EXPECT_EQ(message(rail("VCCINT", KVXETab::m_voltageColumn)), "");
 }
 
+TEST_F(PowerDelivery, ASingleRailDecidesOnTheVoltageOfItsSupply) {
+  use("AK1080-VSVA1024_2-MP-E-S");
+  KVXECell* volts = supply("VCCINT", Tab::m_psdVoltageColumn);
+  EXPECT_FLOAT_EQ(numberIn(volts), 0.80f);
+  edit(rail("VCCINT", KVXETab::m_voltageColumn), 0.81f);
+  EXPECT_FLOAT_EQ(numberIn(volts), 0.81f);
+  EXPECT_EQ(volts->getColor().second, KVXECell::ReadOnlyBackground);
+  edit(rail("VCCINT", KVXETab::m_voltageColumn), 0.95f);
+  EXPECT_FLOAT_EQ(numberIn(volts), 0.95f);
+  EXPECT_NE(volts->getColor().second, KVXECell::ReadOnlyBackground) << "out of range";
+  EXPECT_EQ(message(volts), "") << "one message, at the rail";
+  blank(rail("VCCINT", KVXETab::m_voltageColumn));
+  EXPECT_FLOAT_EQ(numberIn(volts), 0.80f);
+  EXPECT_EQ(volts->getColor().second, KVXECell::ReadOnlyBackground);
+}
+
 TEST_F(PowerDelivery, WhatTheUserGaveComesBack) {
   use("AK1080-VSVA1024_2-MP-E-S");
   edit(rail("VCCINT", KVXETab::m_voltageColumn), 0.81f);
+  edit(supply("VCCINT", Tab::m_schematicNameColumn), std::string("VDD_PL"));
+  edit(supply("VCCINT", Tab::m_psdCurrentColumn), 1e-3f);
+  EXPECT_EQ(supply("VCCINT", Tab::m_psdMarginColumn)->getSeverity(), KvxSeverity::WARNING);
   consolidate(minimum);
   EXPECT_FLOAT_EQ(Tab::getVoltage(uid(), "VCCINT"), 0.80f);
+  EXPECT_FALSE(isShown(supply("VCCINT", Tab::m_psdVoltageColumn)));
+  EXPECT_EQ(message(supply("VCCINT", Tab::m_psdMarginColumn)), "");
+  EXPECT_EQ(groupOf("VCCINT"), "CORE_0V80");
   edit(supply("CORE_0V80", Tab::m_psdVoltageColumn), 0.79f);
   edit(supply("CORE_0V80", Tab::m_schematicNameColumn), std::string("VDD"));
   edit(supply("CORE_0V80", Tab::m_psdCurrentColumn), 90.0f);
@@ -138,6 +169,10 @@ TEST_F(PowerDelivery, WhatTheUserGaveComesBack) {
   consolidate(full);
   EXPECT_FLOAT_EQ(Tab::getVoltage(uid(), "VCCINT"), 0.81f);
   EXPECT_TRUE(rail("VCCINT", KVXETab::m_voltageColumn)->getIsEditable());
+  EXPECT_FLOAT_EQ(numberIn(supply("VCCINT", Tab::m_psdVoltageColumn)), 0.81f);
+  EXPECT_EQ(textIn(supply("VCCINT", Tab::m_schematicNameColumn)), "VDD_PL");
+  EXPECT_FLOAT_EQ(numberIn(supply("VCCINT", Tab::m_psdMarginColumn)),
+                  1e-3f - amps("VCCINT", KVXETab::m_totalCurrentColumn));
   EXPECT_FALSE(isShown(supply("CORE_0V80", Tab::m_psdVoltageColumn)));
   use("AK1080-VSVA1024_2-LP-E-S");
   use("AK1080-VSVA1024_2-MP-E-S");
@@ -153,14 +188,19 @@ TEST_F(PowerDelivery, WhatTheUserGaveComesBack) {
   EXPECT_FLOAT_EQ(Tab::getVoltage(uid(), "VCCINT"), 0.80f);
 }
 
-TEST_F(PowerDelivery, ToldWhenASupplyIsTooSmall) {
+/// By supply, with one of its rails.
+class SupplyOfRail : public PowerDelivery,
+                     public testing::WithParamInterface<std::pair<const char*, const char*>> {};
+
+TEST_P(SupplyOfRail, ToldWhenASupplyIsTooSmall) {
+  const auto [name, fed] = GetParam();
   use("AK1080-VSVA1024_2-MP-E-S", "Maximum");
-  KVXECell* available = supply("SYSTEM_CORE_0V80", Tab::m_psdCurrentColumn);
-  KVXECell* margin = supply("SYSTEM_CORE_0V80", Tab::m_psdMarginColumn);
+  KVXECell* available = supply(name, Tab::m_psdCurrentColumn);
+  KVXECell* margin = supply(name, Tab::m_psdMarginColumn);
   EXPECT_TRUE(std::isnan(numberIn(margin)));
   edit(choice(Tab::m_currentSelectionTable), std::string("Powerup"));
-  const float worst = numberIn(supply("SYSTEM_CORE_0V80", Tab::m_psdEstimatedCurrentColumn));
-  EXPECT_GT(worst, amps("VCCSOC", KVXETab::m_totalCurrentColumn));
+  const float worst = numberIn(supply(name, Tab::m_psdEstimatedCurrentColumn));
+  EXPECT_GT(worst, amps(fed, KVXETab::m_totalCurrentColumn));
 
   edit(available, worst + 1.0f);
   EXPECT_NEAR(numberIn(margin), 1.0f, 1e-4f);
@@ -174,3 +214,8 @@ TEST_F(PowerDelivery, ToldWhenASupplyIsTooSmall) {
   EXPECT_TRUE(std::isnan(numberIn(margin)));
   EXPECT_EQ(message(margin), "");
 }
+
+INSTANTIATE_TEST_SUITE_P(SharedAndSingle, SupplyOfRail,
+                         testing::Values(std::pair{"SYSTEM_CORE_0V80", "VCCSOC"},
+                                         std::pair{"VCCINT", "VCCINT"}),
+                         [](const auto& param) { return std::string(param.param.second); });

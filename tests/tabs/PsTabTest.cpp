@@ -10,7 +10,7 @@
 #include "engine/base/tabs/KVXESummaryTab.h"
 #include "engine/som/KVXESomMorlanSummaryTab.h"
 #include "engine/tarvek/KVXETarvekPwrManagementTab.h"
-#include "tests/kit/Captured.h"
+#include "tests/kit/Consistency.h"
 #include "tests/kit/DeviceBook.h"
 
 using namespace ::testing;
@@ -77,14 +77,6 @@ class PsBook : public Test {
     memory(Ps::m_memoryTypeStr)->getDDVals(types);
     m_book->put(memory(Ps::m_memoryTypeStr), types.back());
   }
-  /// Calculates what was put in, and checks that a full calculation finds the same.
-  void calculate() {
-    KVXECalculationMgr::getGlobal().incrCalculate();
-    Captured captured;
-    const bool isSame = KVXECalculationMgr::getGlobal().verifyIncrVsFull();
-    KVXECellStateMgr::getGlobal().markGuiClean();
-    EXPECT_TRUE(isSame) << captured.text();
-  }
 
   std::unique_ptr<DeviceBook> m_book;
 };
@@ -123,7 +115,7 @@ TEST_P(PsTab, HasItsDomainsAndUsesNothingAtFirst) {
 
 TEST_P(PsTab, DrawsFromTheRailsWhatTheDomainsShow) {
   useEverything();
-  calculate();
+  calculateEdits();
   float total = 0.0f;
   ASSERT_TRUE(tab()->getTabActivePower(total));
   EXPECT_GT(total, 0.3f);
@@ -155,17 +147,17 @@ TEST_P(PsTab, DrawsFromTheRailsWhatTheDomainsShow) {
 
 TEST_P(PsTab, DrawsNothingFromADomainThatIsOff) {
   useEverything();
-  calculate();
+  calculateEdits();
   const float lpd = numberIn(domain(Ps::m_lpdStr));
   m_book->put(domain(Ps::m_fpdStr, Ps::m_PsStateSummaryStateCol), Ps::m_offStr);
-  calculate();
+  calculateEdits();
   EXPECT_EQ(numberIn(domain(Ps::m_fpdStr)), 0.0f);
   EXPECT_GT(numberIn(domain(Ps::m_lpdStr)), 0.0f);
   EXPECT_EQ(numberIn(domain(Ps::m_lpdStr)) == lpd, GetParam().arch == "Arkeon")
       << "only Morlan feeds PLLs of one domain from the other";
   EXPECT_EQ(block("Application Processors", KVXETab::m_Power)->getSeverity(), KvxSeverity::WARNING);
   m_book->put(domain(Ps::m_fpdStr, Ps::m_PsStateSummaryStateCol), Ps::m_onStr);
-  calculate();
+  calculateEdits();
   EXPECT_GT(numberIn(domain(Ps::m_fpdStr)), 0.0f);
   EXPECT_EQ(tab()->getTabSeverity(), 0);
   EXPECT_FALSE(domain(Ps::m_lpdStr, Ps::m_PsStateSummaryStateCol)->getIsEditable());
@@ -176,28 +168,28 @@ TEST_P(PsTab, FollowsCountFrequencyAndLoad) {
   KVXECell* power = block(cores, KVXETab::m_Power);
   EXPECT_TRUE(std::isnan(numberIn(power)));
   use(cores, 1);
-  calculate();
+  calculateEdits();
   const float one = numberIn(power);
   EXPECT_GT(one, 0.0f);
   use(cores, 2);
-  calculate();
+  calculateEdits();
   EXPECT_FLOAT_EQ(numberIn(power), 2 * one);
   m_book->put(block(cores, Ps::m_Load), 1.0f);
-  calculate();
+  calculateEdits();
   const float loaded = numberIn(power);
   EXPECT_GT(loaded, 2 * one);
   m_book->put(block(cores, Ps::m_Frequency), 600.0f);
-  calculate();
+  calculateEdits();
   EXPECT_LT(numberIn(power), loaded);
   use(cores, 7);
-  calculate();
+  calculateEdits();
   EXPECT_EQ(block(cores, Ps::m_Count)->getSeverity(), KvxSeverity::ERROR);
   EXPECT_TRUE(std::isnan(numberIn(power))) << "more than there are";
   use(cores, 2);
-  calculate();
+  calculateEdits();
   EXPECT_EQ(block(cores, Ps::m_Count)->getSeverity(), KvxSeverity::NONE);
   block(cores, Ps::m_Frequency)->setBlankAndState(CellState::DIRTY_DIRTY);
-  calculate();
+  calculateEdits();
   EXPECT_TRUE(std::isnan(numberIn(power))) << "no clock, no power";
 }
 
@@ -206,7 +198,7 @@ TEST_P(PsTab, WarnsOfAFrequencyAboveTheSpeedGrade) {
   for (const auto& [megahertz, severity] :
        {std::pair{5000.0f, KvxSeverity::WARNING}, {500.0f, KvxSeverity::NONE}}) {
     m_book->put(frequency, megahertz);
-    calculate();
+    calculateEdits();
     EXPECT_EQ(frequency->getSeverity(), severity) << megahertz;
   }
 }
@@ -216,11 +208,11 @@ using PsDevices = PsBook;
 TEST_F(PsDevices, HaveTheGraphicsProcessorsOfTheirKind) {
   open("Hexaline+", "HS440");
   use("Graphics Processors", 2);
-  calculate();
+  calculateEdits();
   EXPECT_GT(numberIn(block("Graphics Processors", KVXETab::m_Power)), 0.0f);
   select("HS210");
   use("Graphics Processors", 2);
-  calculate();
+  calculateEdits();
   EXPECT_TRUE(std::isnan(numberIn(block("Graphics Processors", KVXETab::m_Power))));
   EXPECT_EQ(block("Graphics Processors", Ps::m_Block)->getRow()->getVisibility(), Visibility::ALWAYS_HIDDEN);
 }
@@ -270,16 +262,16 @@ TEST_F(PsDevices, OfModulesTellTheBoardWhichMemoryRuns) {
     const float none = memoryWatts();
     EXPECT_EQ(textIn(memory(Ps::m_dataWidthStr)), "0");
     m_book->put(memory(Ps::m_memoryTypeStr), type);
-    calculate();
+    calculateEdits();
     EXPECT_GT(memoryWatts(), none);
     EXPECT_GT(watts("VCCOPSDDR"), 0.0f);
     const std::string widest = textIn(memory(Ps::m_dataWidthStr));
     EXPECT_THAT(widest, AnyOf("32", "64"));
     m_book->put(memory(Ps::m_dataWidthStr), std::string("16"));
-    calculate();
+    calculateEdits();
     EXPECT_EQ(textIn(memory(Ps::m_dataWidthStr)), "16") << "what the user enters stands";
     m_book->put(memory(Ps::m_memoryTypeStr), std::string("None"));
-    calculate();
+    calculateEdits();
     EXPECT_EQ(memoryWatts(), none) << "an unused width does not count";
     EXPECT_EQ(watts("VCCOPSDDR"), 0.0f);
     EXPECT_EQ(memory(Ps::m_dataWidthStr)->getSeverity(), KvxSeverity::ERROR) << "16 bits of no memory";
@@ -291,7 +283,7 @@ TEST_F(PsDevices, OfModulesHaveTheirBatteryInTheTotal) {
   const KVXEUID uid(m_book->book()->getTab(TabType::SUMMARY));
   const float before = KVXESomMorlanSummaryTab::getSomTotalPower(uid);
   use("Real-Time Clock", 1);
-  calculate();
+  calculateEdits();
   EXPECT_GT(numberIn(domain(Ps::m_batteryStr)), 0.0f);
   EXPECT_NEAR(KVXESomMorlanSummaryTab::getSomTotalPower(uid), before + numberIn(domain(Ps::m_batteryStr)),
               1e-6f);
@@ -309,7 +301,7 @@ class PowerManagement : public PsBook {
       m_book->put(clocks->getCellAt(row, &Clock::m_ClockFreq), megahertz);
       m_book->put(clocks->getCellAt(row, &Clock::m_Fanout), 5000);
     }
-    calculate();
+    calculateEdits();
   }
   KVXECell* clock(unsigned int row, const KVXETitle& column) {
     return m_book->book()->getTable(TabType::CLOCK, &Clock::m_ClockConfigTable)->getCellAt(row, &column);
@@ -338,7 +330,7 @@ TEST_F(PowerManagement, SavesByGatingAllAndByScalingInProportion) {
   manage(1, 1, true, 100.0f);
   manage(2, 2, false, 25.0f);
   manage(3, 2, false, std::nullopt);
-  calculate();
+  calculateEdits();
   const float fast = numberIn(clock(1, KVXETab::m_Power)), slow = numberIn(clock(2, KVXETab::m_Power));
   ASSERT_GT(fast, 0.0f);
   EXPECT_FLOAT_EQ(numberIn(managed(1, Management::m_ClockPower)), fast);
@@ -354,40 +346,40 @@ TEST_F(PowerManagement, SavesByGatingAllAndByScalingInProportion) {
 
 TEST_F(PowerManagement, WarnsOfAMinimumAboveTheFrequencyAndSavesNothing) {
   manage(1, 2, false, 101.0f);
-  calculate();
+  calculateEdits();
   EXPECT_EQ(managed(1, Management::m_ManagedPower)->getSeverity(), KvxSeverity::WARNING);
   EXPECT_EQ(saving(Management::m_totalStr), 0.0f);
   m_book->put(managed(1, Management::m_MinScaledFreq), 100.0f);
-  calculate();
+  calculateEdits();
   EXPECT_EQ(managed(1, Management::m_ManagedPower)->getSeverity(), KvxSeverity::NONE);
 }
 
 TEST_F(PowerManagement, FollowsAClockThatIsRenamedMovedLostAndFound) {
   manage(1, 2, true, std::nullopt);
   m_book->put(managed(2, Management::m_ClockTag), std::string("50.000 MHz (later)"));
-  calculate();
+  calculateEdits();
   const float slow = numberIn(clock(2, KVXETab::m_Power));
   m_book->put(clock(2, Clock::m_Name), std::string("renamed"));
-  calculate();
+  calculateEdits();
   EXPECT_EQ(textIn(managed(1, Management::m_ClockTag)), "100.000 MHz (renamed)");
   EXPECT_FLOAT_EQ(numberIn(managed(1, Management::m_ClockPower)), slow);
   EXPECT_TRUE(std::isnan(numberIn(managed(2, Management::m_ClockPower)))) << "no such clock yet";
   m_book->put(clock(3, Clock::m_Name), std::string("later"));
   m_book->put(clock(3, Clock::m_ClockFreq), 50.0f);
   m_book->put(clock(3, Clock::m_Fanout), 5000);
-  calculate();
+  calculateEdits();
   EXPECT_FLOAT_EQ(numberIn(managed(2, Management::m_ClockPower)), numberIn(clock(3, KVXETab::m_Power)));
   m_book->put(clock(2, Clock::m_Fanout), 9000);
-  calculate();
+  calculateEdits();
   EXPECT_GT(numberIn(managed(1, Management::m_ClockPower)), slow);
   clock(2, Clock::m_Name)->setBlankAndState(CellState::DIRTY_DIRTY);
-  calculate();
+  calculateEdits();
   EXPECT_TRUE(std::isnan(numberIn(managed(1, Management::m_ClockPower))));
 }
 
 TEST_F(PowerManagement, ShowsWhatTheDomainsDraw) {
   useEverything();
-  calculate();
+  calculateEdits();
   EXPECT_FLOAT_EQ(domainPower(Management::m_fpdStr), numberIn(domain(Ps::m_fpdStr)));
   EXPECT_FLOAT_EQ(domainPower(Management::m_pmcStr), numberIn(domain(Ps::m_pmcStr)));
   EXPECT_GT(domainPower(Management::m_logicStr), 0.0f);

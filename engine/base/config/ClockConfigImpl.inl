@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "engine/base/config/ClockRows.h"
-#include "engine/base/tabs/KVXEClockManagers.h"
+#include "engine/base/tabs/KVXERowReading.h"
 #include "models/common/ClockManagerKinds.h"
 
 namespace kvxe {
@@ -88,9 +88,13 @@ bool LinkedConfigImpl<A, ClockConfig>::edit(const std::string& name, const Clock
   KVXERow* row = this->findRowByName(name);
   if (!row || !updateDomain(*row, cfg)) return false;
   const std::string before = detail::storedText(this->cellOf(*row, KVXEClockTab::m_ClockFreq));
+  if (m_mgrs && before != detail::StringConverter<float>::toText(cfg.frequency)) {
+    // The managers that the clock feeds now, listed in the record or not, and those that it is to feed.
+    std::vector<std::string> mgrs = detail::managersOfRow(*row);
+    mgrs.insert(mgrs.end(), cfg.clockMgrs.begin(), cfg.clockMgrs.end());
+    for (const std::string& mgr : mgrs) m_mgrs->setRefClockFreq(mgr, cfg.frequency);
+  }
   this->assignCfgToRow(cfg, *row, PopulatePolicy::DefaultEditable);
-  if (m_mgrs && before != detail::StringConverter<float>::toText(cfg.frequency))
-    for (const std::string& mgr : detail::managersOfRow(*row)) m_mgrs->setRefClockFreq(mgr, cfg.frequency);
   return true;
 }
 
@@ -212,11 +216,7 @@ bool LinkedConfigImpl<A, ClockMgrConfig>::edit(const std::string& name, const Cl
 
 template <class A>
 void LinkedConfigImpl<A, ClockMgrConfig>::preDelete(KVXERow& row) {
-  const std::string name = this->getNameFromRow(row);
-  if (!this->clocks()) return;
-  for (const auto& clock : this->clocks()->getAll())
-    if (std::count(clock->clockMgrs.begin(), clock->clockMgrs.end(), name) > 0)
-      this->clocks()->disconnectClockMgr(clock->name, name);
+  if (this->clocks()) detail::disconnectFromClocks(row);
 }
 
 }  // namespace kvxe

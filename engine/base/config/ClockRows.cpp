@@ -89,6 +89,13 @@ void disconnectManager(KVXERow& clock, const std::string& manager) {
   if (std::erase(managers, manager) > 0) writeText(cell, joinList(managers));
 }
 
+void disconnectFromClocks(KVXERow& manager) {
+  const std::string name = textOf(manager, Tab::m_Name);
+  KVXETable* clocks = manager.getTable()->getTab()->getTable(&Tab::m_ClockConfigTable);
+  for (unsigned int i = 1; clocks && i < clocks->getRowCount(); ++i)
+    disconnectManager(*clocks->getRow(i), name);
+}
+
 std::vector<std::string> outputsOfRow(KVXERow& manager) {
   std::vector<std::string> outputs = splitList(textOf(manager, Tab::m_OutputClkNames));
   if (!outputs.empty()) return outputs;

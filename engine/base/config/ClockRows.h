@@ -23,6 +23,8 @@ std::vector<std::string> managersOfRow(KVXERow& clock);
 /// Adds a manager to the row's list, once.
 void connectManager(KVXERow& clock, const std::string& manager);
 void disconnectManager(KVXERow& clock, const std::string& manager);
+/// Takes a manager from the lists of all clocks.
+void disconnectFromClocks(KVXERow& manager);
 
 /// The outputs of a manager: those its row lists, or else every output that the sources of the clock table
 /// name, as "type:manager:output".

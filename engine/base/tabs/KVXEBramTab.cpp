@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "engine/base/tabs/KVXEConfigTable.h"
+#include "engine/base/tabs/KVXEDropdowns.h"
 #include "engine/base/tabs/KVXEUtilization.h"
 #include "engine/base/workbook/KVXEHeaderRow.h"
 #include "engine/base/workbook/KVXERow.h"
@@ -218,11 +219,8 @@ std::vector<int> widthsOf(const std::string& mode, int otherWidth) {
 
 void updateBitWidths(const KVXEUID& uid, const KVXETitle& otherPort) {
   if (!kvxe::isInTable(uid, Tab::m_BramConfigTable, "bit width of a port")) return;
-  auto* cell = static_cast<KVXEIntCell*>(uid.getCell());
-  const std::vector<int> widths = widthsOf(modeOf(uid), widthOf(uid.getRow(), otherPort));
-  if (cell->getDDVals() != widths) cell->setDDValsAndMarkEngineClean(widths);
-  cell->addDDErrorMsgIfApplicable();
-  cell->markEngineClean();
+  kvxe::offerInCell(uid.getCell(), widthsOf(modeOf(uid), widthOf(uid.getRow(), otherPort)));
+  uid.getCell()->addDDErrorMsgIfApplicable();
 }
 
 }  // namespace
@@ -264,10 +262,6 @@ int widthOrLargest(KVXERow* row, const KVXETitle& column, const std::string& mod
   return widthsOf(mode, Widest).back();
 }
 
-std::string textOf(KVXERow* row, const KVXETitle& column) {
-  return static_cast<KVXEStringCell*>(row->getCell(&column))->readVal(true);
-}
-
 }  // namespace
 
 std::optional<KVXEBramTab::BramRow> KVXEBramTab::readBramRow(const KVXEUID& uid) {
@@ -282,16 +276,16 @@ std::optional<KVXEBramTab::BramRow> KVXEBramTab::readBramRow(const KVXEUID& uid)
   if (!vccint || !vccram) return std::nullopt;
   use.vccint = *vccint;
   use.vccram = *vccram;
-  use.mode = textOf(row, m_Mode);
+  use.mode = kvxe::readText(row, m_Mode);
   row->getCell(&m_CascadeGroupSize)->getVal(use.cascadeGroup, true);
   use.toggleRate = kvxe::readNumber(row, m_ToggleRate, static_cast<float>(DefaultToggleRate));
   constexpr auto Rate = static_cast<float>(DefaultEnableRate);
   use.portA = {clockA.value_or(0.0f), kvxe::readNumber(row, m_PortAEnableRate, Rate),
                kvxe::readNumber(row, m_PortAWriteEnable, Rate),
-               widthOrLargest(row, m_PortABitWidth, use.mode), textOf(row, m_PortAWriteMode)};
+               widthOrLargest(row, m_PortABitWidth, use.mode), kvxe::readText(row, m_PortAWriteMode)};
   use.portB = {clockB.value_or(0.0f), kvxe::readNumber(row, m_PortBEnableRate, Rate),
                kvxe::readNumber(row, m_PortBWriteEnable, Rate),
-               widthOrLargest(row, m_PortBBitWidth, use.mode), textOf(row, m_PortBWriteMode)};
+               widthOrLargest(row, m_PortBBitWidth, use.mode), kvxe::readText(row, m_PortBWriteMode)};
   return use;
 }
 

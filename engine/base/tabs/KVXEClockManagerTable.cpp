@@ -5,14 +5,13 @@
 
 #include "engine/base/tabs/KVXEClockTab.h"
 #include "engine/base/tabs/KVXEConfigTable.h"
+#include "engine/base/tabs/KVXEDropdowns.h"
 #include "engine/base/workbook/KVXEHeaderRow.h"
 #include "engine/base/workbook/KVXERow.h"
-#include "engine/base/workbook/KVXETemplateCell.h"
 #include "models/common/Effects.h"
 #include "models/common/KVXMHelperUtils.h"
 
 using enum KVXEEnums::CellType;
-using KVXEEnums::CellState;
 using KVXEEnums::Unit;
 using KVXEEnums::Visibility;
 
@@ -33,11 +32,7 @@ const KVXEColumn managerColumns[] = {
                        "The name of this clock manager instance. Providing a name for the instance is "
                        "mandatory as it gets used while referring to this clock manager in clock "
                        "configuration table."),
-    {.title = &Tab::m_ClkMgrType,
-     .type = STRING,
-     .isEditable = true,
-     .formula = &Tab::updateClkMgrType,
-     .isDropdown = true},
+    kvxe::column::choice(Tab::m_ClkMgrType, {}, "", "", &Tab::updateClkMgrType),
     {.title = &Tab::m_RefClock,
      .type = FLOAT,
      .isEditable = true,
@@ -176,12 +171,9 @@ std::string typeToolTip(const std::vector<std::string>& types) {
 }  // namespace
 
 void KVXEClockTab::offerClkMgrTypes(KVXETable* table) const {
-  auto* column = dynamic_cast<KVXEStringCell*>(table->getHeaderRow()->getDefaultCell(&m_ClkMgrType));
   const std::vector<std::string> types = getClockMgrTypes();
-  if (!column || column->getDDVals() == types) return;
-  column->setDDValsAndMarkEngineClean(types);
-  table->setColumnToolTip(&m_ClkMgrType, typeToolTip(types));
-  if (column->getState() == CellState::HEADER_CLEAN) column->setState(CellState::HEADER_DIRTY);
+  if (kvxe::offerInColumn(table->getHeaderRow()->getDefaultCell(&m_ClkMgrType), types))
+    table->setColumnToolTip(&m_ClkMgrType, typeToolTip(types));
 }
 
 void KVXEClockTab::updateClkMgrType(const KVXEUID& uid) {
@@ -222,17 +214,11 @@ std::string vcoLimitsText(const std::string& type, const std::pair<float, float>
 void KVXEClockTab::updateVCOFreq(const KVXEUID& uid) {
   const auto* tab = dynamic_cast<const KVXEClockTab*>(uid.getTab());
   if (!tab || !kvxe::isInTable(uid, m_ClkMgrTable, "VCO frequency")) return;
-  KVXECell* cell = uid.getCell();
-  std::string type;
-  uid.getRow()->getCell(&m_ClkMgrType)->getVal(type, true);
+  const std::string type = kvxe::readText(uid.getRow(), m_ClkMgrType);
   const std::optional<float> megahertz = oscillatorFrequency(uid.getRow());
   const auto limits = tab->getVcoLimits(type);
   const bool isOutside = megahertz && limits && (*megahertz < limits->first || *megahertz > limits->second);
-  if (isOutside) {
-    cell->setMsg(KvxSeverity::WARNING, vcoLimitsText(type, *limits));
-  } else {
-    cell->clearMsg();
-  }
+  kvxe::showWarning(uid.getCell(), isOutside ? std::optional(vcoLimitsText(type, *limits)) : std::nullopt);
   kvxe::writeResult(uid.getRow(), m_VcoFreq, megahertz);
 }
 

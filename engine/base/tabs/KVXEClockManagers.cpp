@@ -2,11 +2,9 @@
 
 #include <algorithm>
 
-#include "engine/base/selection/KVXEPartSelection.h"
 #include "engine/base/tabs/KVXEClockTab.h"
 #include "engine/base/tabs/KVXERowReading.h"
 #include "engine/base/workbook/KVXERow.h"
-#include "engine/base/workbook/KVXETemplateCell.h"
 
 namespace kvxe {
 
@@ -25,24 +23,7 @@ enum TextKey { DeviceKey = 1, StateKey = 2, PhaseShiftKey = 3 };
 enum FloatKey { RefClockKey = 1, PowerDownKey = 7 };
 constexpr int FirstOutputKey = 1;
 
-/// The number in a column, 0 for a blank cell.
-int readCounter(KVXERow* row, const KVXETitle& column) {
-  int value = 0;
-  return row->getCell(&column)->getVal(value, true) ? value : 0;
-}
-
-std::string readText(KVXERow* row, const KVXETitle& column) {
-  std::string text;
-  row->getCell(&column)->getVal(text, true);
-  return text;
-}
-
 }  // namespace
-
-std::string readSpeedGrade() {
-  const auto* selection = KVXEPartSelection::getGlobal();
-  return selection ? selection->getCurrentSetting(KVXEPartSelection::m_spdGradeStr) : std::string();
-}
 
 bool fillClockManager(const ClockManagerModel& model, const KVXEUID& uid, kvxm::Record& record) {
   KVXERow* row = uid.getRow();
@@ -52,8 +33,8 @@ bool fillClockManager(const ClockManagerModel& model, const KVXEUID& uid, kvxm::
     *record.findFloat(rail.voltageKey) = *volts;
   }
   const float reference = readNumber(row, Tab::m_RefClock, 0.0f);
-  const int divide = readCounter(row, Tab::m_DivideCounter);
-  const int multiply = readCounter(row, Tab::m_MultiplyCounter);
+  const int divide = readCount(row, Tab::m_DivideCounter);
+  const int multiply = readCount(row, Tab::m_MultiplyCounter);
   if (!(reference > 0.0f) || divide <= 0 || multiply <= 0) return false;
   *record.findString(DeviceKey) = readDevice(uid);
   *record.findString(StateKey) = "ON";
@@ -63,7 +44,7 @@ bool fillClockManager(const ClockManagerModel& model, const KVXEUID& uid, kvxm::
   *record.findInt(model.divideKey) = divide;
   *record.findInt(model.multiplyKey) = multiply;
   for (int i = 0; i < model.outputCount; ++i)
-    *record.findInt(FirstOutputKey + i) = readCounter(row, *outputDivides[i]);
+    *record.findInt(FirstOutputKey + i) = readCount(row, *outputDivides[i]);
   return true;
 }
 

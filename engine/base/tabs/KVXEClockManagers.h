@@ -1,7 +1,5 @@
 #pragma once
 
-#include <memory>
-#include <optional>
 #include <span>
 #include <string>
 
@@ -35,9 +33,6 @@ struct ClockManagerModel {
 /// The formula of the result cells of a row: its type picks the model. The results are blank while the row
 /// has no type, no reference clock, no running oscillator, or a rail of it has no voltage.
 void updateClockManagerPower(const KVXEUID& uid, std::span<const ClockManagerModel> models);
-
-/// The speed grade of the selected part, as the catalogue writes it; empty without a part.
-std::string readSpeedGrade();
 
 /// Fills the record of a model from a row; false when something that the model needs is missing.
 bool fillClockManager(const ClockManagerModel& model, const KVXEUID& uid, kvxm::Record& record);

@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "engine/base/services/KVXEParamControlMgr.h"
+#include "engine/base/tabs/KVXEConfigTable.h"
 #include "engine/base/tabs/KVXELogicTab.h"
 #include "engine/base/tabs/KVXERowReading.h"
 #include "engine/base/workbook/KVXEHeaderRow.h"
@@ -27,20 +28,16 @@ const char* const clockSources[] = {"External", "Internal"};
 
 // What the architectures differ in is assigned when the table is made.
 const KVXEColumn clockColumns[] = {
-    {.title = &Tab::m_Name,
-     .type = STRING,
-     .isEditable = true,
-     .toolTip = "<html>The name of this clock.\nProviding a name is mandatory, as other tabs refer to the "
-                "clock by its name and frequency.</html>"},
-    {.title = &Tab::m_Source,
-     .type = STRING,
-     .isEditable = true,
-     .formula = &Tab::updateClockSource,
-     .isDropdown = true,
-     .entries = clockSources,
-     .toolTip = "<html>Select the source of the clock:\nUse External for IO driven clocks.\nUser Internal "
-                "for clocks driven by some instance.\nIn case of a Clock Manager output clock, the field "
-                "will be auto populated.</html>"},
+    kvxe::column::name(
+        Tab::m_Name,
+        "<html>The name of this clock.\nProviding a name is mandatory, as other tabs refer to the "
+        "clock by its name and frequency.</html>"),
+    kvxe::column::choice(
+        Tab::m_Source, clockSources, "",
+        "<html>Select the source of the clock:\nUse External for IO driven clocks.\nUser Internal "
+        "for clocks driven by some instance.\nIn case of a Clock Manager output clock, the field "
+        "will be auto populated.</html>",
+        &Tab::updateClockSource),
     {.title = &Tab::m_ClockFreq,
      .type = FLOAT,
      .isEditable = true,
@@ -48,12 +45,10 @@ const KVXEColumn clockColumns[] = {
      .unit = Unit::FREQUENCY_HIDE,
      .minimum = 0,
      .toolTip = "<html>The frequency of this clock (MHz).</html>"},
-    {.title = &Tab::m_Fanout,
-     .type = INT,
-     .isEditable = true,
-     .minimum = 0,
-     .toolTip = "<html>The number of loads that this clock drives: registers, memories, DSPs and IOs.\nA "
-                "clock without loads has no power.</html>"},
+    kvxe::column::count(
+        Tab::m_Fanout,
+        "<html>The number of loads that this clock drives: registers, memories, DSPs and IOs.\nA "
+        "clock without loads has no power.</html>"),
     {.title = &Tab::m_FanoutPerSite,
      .type = FLOAT,
      .isEditable = true,
@@ -61,40 +56,21 @@ const KVXEColumn clockColumns[] = {
      .minimum = 0,
      .toolTip = "<html>The average number of registers of this clock that share a site.\nThe fuller the "
                 "device, the more share one; a value entered here stands.</html>"},
-    {.title = &Tab::m_ClkBufEnable,
-     .type = FLOAT,
-     .isEditable = true,
-     .unit = Unit::PERCENTAGE_SHOW,
-     .number = 1.0,
-     .minimum = 0,
-     .maximum = 1,
-     .toolTip =
-         "<html>The percentage of the time that the buffer which drives this clock is enabled.</html>"},
-    {.title = &Tab::m_SliceClkEnable,
-     .type = FLOAT,
-     .isEditable = true,
-     .unit = Unit::PERCENTAGE_SHOW,
-     .number = 0.5,
-     .minimum = 0,
-     .maximum = 1,
-     .toolTip = "<html>The average percentage of the time that the clock is enabled at the slices:\n100% - "
-                "(%_FFs_with_CE * %disabled), where %_FFs_with_CE is the percentage of flip-flops that have "
-                "a clock enable\nand %disabled the percentage of the time that it is off.</html>"},
-    {.title = &Tab::m_VccintPwr,
-     .type = FLOAT,
-     .unit = Unit::POWER_SHOW,
-     .toolTip = "Power that this clock draws from the core supply.",
-     .visibility = Visibility::INTERNAL},
-    {.title = &Tab::m_VccramPwr,
-     .type = FLOAT,
-     .unit = Unit::POWER_SHOW,
-     .toolTip = "Power that this clock draws from the supply of the memories.",
-     .visibility = Visibility::INTERNAL},
-    {.title = &Tab::m_Power,
-     .type = FLOAT,
-     .unit = Unit::POWER_SHOW,
-     .toolTip = "<html>The power of distributing this clock to its loads.</html>"},
-    {.title = &Tab::m_UserComments, .type = STRING, .isEditable = true, .toolTip = "Any text of your own."},
+    kvxe::column::rate(
+        Tab::m_ClkBufEnable, 1.0,
+        "<html>The percentage of the time that the buffer which drives this clock is enabled.</html>"),
+    kvxe::column::rate(
+        Tab::m_SliceClkEnable, 0.5,
+        "<html>The average percentage of the time that the clock is enabled at the slices:\n100% - "
+        "(%_FFs_with_CE * %disabled), where %_FFs_with_CE is the percentage of flip-flops that have "
+        "a clock enable\nand %disabled the percentage of the time that it is off.</html>"),
+    kvxe::column::watts(Tab::m_VccintPwr, &KVXECell::NoFormula,
+                        "Power that this clock draws from the core supply.", Visibility::INTERNAL),
+    kvxe::column::watts(Tab::m_VccramPwr, &KVXECell::NoFormula,
+                        "Power that this clock draws from the supply of the memories.", Visibility::INTERNAL),
+    kvxe::column::watts(Tab::m_Power, &KVXECell::NoFormula,
+                        "<html>The power of distributing this clock to its loads.</html>"),
+    kvxe::column::comments(Tab::m_UserComments),
     {.title = &Tab::m_ClockMgr,
      .type = STRING,
      .toolTip = "The clock managers that this clock is connected to.",

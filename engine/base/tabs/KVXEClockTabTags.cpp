@@ -8,10 +8,10 @@
 #include "engine/base/calculation/KVXECalculationMgr.h"
 #include "engine/base/config/ClockTag.h"
 #include "engine/base/tabs/KVXEClockTab.h"
+#include "engine/base/tabs/KVXEDropdowns.h"
 #include "engine/base/tabs/KVXERowReading.h"
 #include "engine/base/workbook/KVXEBook.h"
 #include "engine/base/workbook/KVXEHeaderRow.h"
-#include "engine/base/workbook/KVXETemplateCell.h"
 #include "models/common/KVXMHelperUtils.h"
 
 using KVXEEnums::CellState;
@@ -75,9 +75,7 @@ void KVXEClockTab::updateClockSource(const KVXEUID& uid) {
   const std::string& source = cell->readVal(false);
   // An output of a clock manager reads "type:manager:output".
   if (source.find(':') != std::string::npos) list.push_back(source);
-  if (cell->getDDVals() != list)
-    cell->setDDValsAndMarkEngineClean(list == column->getDDVals() ? std::vector<std::string>() : list);
-  cell->markEngineClean();
+  kvxe::offerInCell(cell, list);
 }
 
 void KVXEClockTab::clockFreqChanged(const KVXEUID& uid) {

@@ -40,10 +40,12 @@ inline KVXEColumn comments(const KVXETitle& title) {
 }
 
 /// A number of blocks, blank in a new row.
-inline KVXEColumn count(const KVXETitle& title, const char* toolTip, double maximum = KVXEColumn::None) {
+inline KVXEColumn count(const KVXETitle& title, const char* toolTip, double maximum = KVXEColumn::None,
+                        KVXEFormula formula = &KVXECell::NoFormula) {
   return {.title = &title,
           .type = KVXEEnums::CellType::INT,
           .isEditable = true,
+          .formula = formula,
           .minimum = 0,
           .maximum = maximum,
           .toolTip = toolTip};
@@ -73,10 +75,11 @@ inline KVXEColumn clock(const KVXETitle& title, const char* toolTip) {
 
 /// One of a list of texts; an empty list is set later by a formula.
 inline KVXEColumn choice(const KVXETitle& title, std::span<const char* const> entries, const char* start,
-                         const char* toolTip) {
+                         const char* toolTip, KVXEFormula formula = &KVXECell::NoFormula) {
   return {.title = &title,
           .type = KVXEEnums::CellType::STRING,
           .isEditable = true,
+          .formula = formula,
           .text = start,
           .isDropdown = true,
           .entries = entries,

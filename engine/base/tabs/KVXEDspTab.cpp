@@ -29,9 +29,7 @@ namespace {
 const char* const yesNo[] = {"Yes", "No"};
 
 KVXEColumn stage(const KVXETitle& title, const char* start, KVXEFormula formula, const char* toolTip) {
-  KVXEColumn column = kvxe::column::choice(title, yesNo, start, toolTip);
-  column.formula = formula;
-  return column;
+  return kvxe::column::choice(title, yesNo, start, toolTip, formula);
 }
 
 }  // namespace
@@ -106,28 +104,19 @@ kvxe::UtilizationRow KVXEDspTab::utilizationRow(std::optional<float> (*countUsed
 
 // Stages of the slice.
 
-namespace {
-
-bool isEntered(ValueSource source) {
-  return source == ValueSource::USER || source == ValueSource::XML || source == ValueSource::IP;
-}
-
-}  // namespace
-
 void KVXEDspTab::applyStage(const KVXEUID& uid, Stage stage) {
   KVXECell* cell = uid.getCell();
   cell->setIsEditable(stage == Stage::Free);
   if (stage != Stage::Free) return cell->setValAndMarkEngineClean(stage == Stage::Used ? m_yesStr : m_noStr);
   std::string text;
-  if (cell->getVal(text, false) && isEntered(cell->getValueSource())) return cell->markEngineClean();
+  if (cell->getVal(text, false) && kvxe::isGiven(*cell)) return cell->markEngineClean();
   cell->getHeaderDefaultCell()->getVal(text, false);
   cell->setValAndMarkEngineClean(text);
   cell->setValueSource(ValueSource::DEFAULT);
 }
 
 bool KVXEDspTab::isUsed(const KVXEUID& uid, const KVXETitle& column) {
-  std::string text;
-  return uid.getRow()->getCell(&column)->getVal(text, true) && text == m_yesStr;
+  return kvxe::readText(uid.getRow(), column) == m_yesStr;
 }
 
 // Readers of a row.
@@ -141,9 +130,8 @@ std::optional<float> KVXEDspTab::getClockFreq(const KVXEUID& uid) {
 }
 
 std::optional<int> KVXEDspTab::getSliceCount(const KVXEUID& uid, const KVXETitle& column) {
-  int slices = 0;
-  if (!uid.getRow()->getCell(&column)->getVal(slices, true) || slices <= 0) return std::nullopt;
-  return slices;
+  const int slices = kvxe::readCount(uid.getRow(), column);
+  return slices > 0 ? std::optional(slices) : std::nullopt;
 }
 
 float KVXEDspTab::getSignalRate(const KVXEUID& uid) {

@@ -3,13 +3,13 @@
 #include <algorithm>
 
 #include "engine/base/tabs/KVXEConfigTable.h"
+#include "engine/base/tabs/KVXEDropdowns.h"
 #include "engine/base/tabs/KVXEIoTab.h"
 #include "engine/base/tabs/KVXEUtilization.h"
 #include "engine/base/workbook/KVXEHeaderRow.h"
 #include "engine/base/workbook/KVXERow.h"
 #include "engine/base/workbook/KVXETemplateCell.h"
 
-using KVXEEnums::CellState;
 using KVXEEnums::Visibility;
 
 KVXEIoTab* KVXEIoTab::tabOf(const KVXEUID& uid) {
@@ -61,14 +61,6 @@ KVXEIoTab::Place KVXEIoTab::findPlace(const KVXEUID& uid) {
 
 namespace {
 
-/// Gives the whole column its list; the first row that is evaluated after a change of the device brings it.
-void offerInColumn(KVXECell* cell, const std::vector<std::string>& list) {
-  auto* column = static_cast<KVXEStringCell*>(cell->getHeaderDefaultCell());
-  if (column->getDDVals() == list) return;
-  column->setDDValsAndMarkEngineClean(list);
-  if (column->getState() == CellState::HEADER_CLEAN) column->setState(CellState::HEADER_DIRTY);
-}
-
 /// The list of a row without a standard.
 const std::vector<std::string>& withoutTermination() {
   static const std::vector<std::string> list{"None"};
@@ -78,19 +70,15 @@ const std::vector<std::string>& withoutTermination() {
 }  // namespace
 
 void KVXEIoTab::offerInCell(const KVXEUID& uid, const std::vector<std::string>& list) {
-  auto* cell = static_cast<KVXEStringCell*>(uid.getCell());
-  if (cell->getDDVals() != list) {
-    const auto& columnList = static_cast<KVXEStringCell*>(cell->getHeaderDefaultCell())->getDDVals();
-    cell->setDDValsAndMarkEngineClean(list == columnList ? std::vector<std::string>() : list);
-  }
-  cell->addDDErrorMsgIfApplicable();
-  cell->markEngineClean();
+  kvxe::offerInCell(uid.getCell(), list);
+  uid.getCell()->addDDErrorMsgIfApplicable();
 }
 
 void KVXEIoTab::updateIoType(const KVXEUID& uid) {
   if (!kvxe::isInTable(uid, m_IoConfigTable, "IO types")) return;
   const std::vector<std::string>& types = tabOf(uid)->offer().types;
-  offerInColumn(uid.getCell(), types);
+  // The list is the column's: the first row that is evaluated after a change of the device brings it.
+  kvxe::offerInColumn(uid.getCell()->getHeaderDefaultCell(), types);
   offerInCell(uid, types);
 }
 
@@ -99,7 +87,7 @@ void KVXEIoTab::updateIoStandard(const KVXEUID& uid) {
   if (!kvxe::isInTable(uid, m_IoConfigTable, "IO standards")) return;
   const std::string& type = readText(uid.getRow(), m_IoType);
   const Offer& offer = tabOf(uid)->offer();
-  offerInColumn(uid.getCell(), offer.standards);
+  kvxe::offerInColumn(uid.getCell()->getHeaderDefaultCell(), offer.standards);
   const auto bank = std::find_if(offer.banks.begin(), offer.banks.end(),
                                  [&](const Bank* one) { return one->type == type; });
   offerInCell(uid, bank == offer.banks.end() ? offer.standards : (*bank)->standards->getIoList());

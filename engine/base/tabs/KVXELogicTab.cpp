@@ -101,15 +101,11 @@ std::optional<KVXELogicTab::LogicRow> KVXELogicTab::readLogicRow(const KVXEUID& 
   KVXERow* row = uid.getRow();
   const std::optional<float> megahertz = kvxe::readClockFrequency(row, m_Clock);
   if (!megahertz) return std::nullopt;
-  const auto count = [row](const KVXETitle& column) {
-    int number = 0;
-    return row->getCell(&column)->getVal(number, true) ? number : 0;
-  };
   LogicRow use{.megahertz = *megahertz,
-               .luts = count(m_LutAsLogic),
-               .shiftRegisters = count(m_LutAsSRL),
-               .distributedRams = count(m_LutAsDRAM),
-               .registers = count(m_Registers)};
+               .luts = kvxe::readCount(row, m_LutAsLogic),
+               .shiftRegisters = kvxe::readCount(row, m_LutAsSRL),
+               .distributedRams = kvxe::readCount(row, m_LutAsDRAM),
+               .registers = kvxe::readCount(row, m_Registers)};
   if (std::max({use.luts, use.shiftRegisters, use.distributedRams, use.registers}) <= 0) return std::nullopt;
   const std::optional<float> volts = kvxe::readVoltage(uid, "VCCINT");
   if (!volts) return std::nullopt;

@@ -11,6 +11,8 @@
 /// What the formulas of the power design tab share.
 namespace kvxe::powerdesign {
 
+using kvxe::isGiven;
+
 inline constexpr KVXECell::Color OrangeBackground = 0xffc000;
 inline constexpr KVXECell::Color RedBackground = 0xff0000;
 
@@ -27,12 +29,6 @@ inline bool isInSupplyTable(const KVXEUID& uid) {
   return isInTable(uid, KVXETab::m_powerSupplyTable, "PowerSupplyTable");
 }
 
-inline std::string textOf(KVXERow* row, const KVXETitle& column) {
-  std::string text;
-  row->getCell(&column)->getVal(text, true);
-  return text;
-}
-
 /// A text that never changes once the row is made, such as the name of its rail: no dependency.
 inline const std::string& fixedTextOf(KVXERow* row, const KVXETitle& column) {
   return static_cast<const KVXEStringCell*>(row->getCell(&column))->peekVal();
@@ -41,13 +37,6 @@ inline const std::string& fixedTextOf(KVXERow* row, const KVXETitle& column) {
 /// The rail of a row of the supply table; blank for a row that heads a category.
 inline const std::string& railOf(const KVXEUID& uid) {
   return fixedTextOf(uid.getRow(), KVXETab::m_internalSupplyColumn);
-}
-
-/// Whether the cell holds what somebody put into it, in place of a default or a result.
-inline bool isGiven(const KVXECell& cell) {
-  using KVXEEnums::ValueSource;
-  const ValueSource source = cell.getValueSource();
-  return source == ValueSource::USER || source == ValueSource::XML || source == ValueSource::IP;
 }
 
 /// Whether the part works at the voltage; yes for a rail without known limits.

@@ -213,7 +213,7 @@ class KVXEPowerDesignTab : public KVXETab,
   // Supplies.
   void findRailGroups(const KVXEUID& uid);
   const kvxe::RailGroups& railGroups() const;
-  static const Group* groupOfRow(const KVXEUID& uid);
+  const Group* groupOfRow(const KVXERow& row) const;
   std::optional<float> groupVoltage(const std::string& group) const;
   void showVoltage(KVXECell& cell, const Group& group, float volts) const;
   float sumOfRails(const Group& group, const KVXETitle& column) const;
@@ -232,9 +232,9 @@ class KVXEPowerDesignTab : public KVXETab,
 
   // Results that many formulas read, each behind a cell that stands for it: whoever evaluates that cell may
   // read the result, and depends on what went into it.
-  std::unique_ptr<kvxm::Record> m_static;   ///< of the static model, behind the calculated temperature
-  std::unique_ptr<kvxm::Record> m_startup;  ///< at the highest temperature, behind m_startupRun
-  kvxe::RailGroups m_railGroups;            ///< behind m_groupsRun
+  std::unique_ptr<kvxm::Record> m_static;    ///< of the static model, behind the calculated temperature
+  std::unique_ptr<kvxm::Record> m_startup;   ///< at the highest temperature, behind m_startupRun
+  kvxe::RailGroups m_railGroups;             ///< behind m_groupsRun
   std::vector<const Group*> m_groupsOfRows;  ///< by row of the delivery design, behind m_groupsRun
   KVXECell* m_startupRun = nullptr;
   KVXECell* m_groupsRun = nullptr;

@@ -23,7 +23,7 @@ void KVXEPowerDesignTab::findRailGroups(const KVXEUID& uid) {
     return railGroup(consolidation, supply, volts);
   };
   m_railGroups = device ? kvxe::RailGroups(*device, gradeOf(uid), rule) : kvxe::RailGroups();
-  m_groupsOfRows.assign(getTable(&m_powerSupplyDesignTable)->getRowCount(), nullptr);
+  m_groupsOfRows.assign(m_groupsOfRows.size(), nullptr);
   for (const Group& group : m_railGroups.all())
     if (const auto row = m_supplyRows.find(group.name); row != m_supplyRows.end())
       m_groupsOfRows[row->second->getIndex()] = &group;

@@ -6,32 +6,18 @@
 
 namespace kvxe {
 
-namespace {
-
-template <class Groups>
-auto findNamed(Groups& groups, const std::string& name) {
-  return std::find_if(groups.begin(), groups.end(), [&](const auto& group) { return group.name == name; });
-}
-
-}  // namespace
-
 RailGroups::RailGroups(const kvxm::Device& device, const std::string& grade, const Rule& rule) {
   for (const kvxm::Supply& supply : device.supplies) {
     const float nominal = supply.rangeFor(grade).nom;
     const auto name = rule(supply, nominal);
     if (!name) continue;
-    auto group = name->empty() ? m_groups.end() : findNamed(m_groups, *name);
+    auto group = name->empty() ? m_groups.end() : std::ranges::find(m_groups, *name, &Group::name);
     if (group == m_groups.end()) group = m_groups.insert(group, {*name, nominal, {}, {}});
     group->rails.push_back(supply.rail);
     group->supplies.push_back(supply.displayName);
   }
   for (Group& group : m_groups)
     if (!group.isShared()) group.name = group.supplies.front();
-}
-
-const RailGroups::Group* RailGroups::find(const std::string& name) const {
-  const auto found = findNamed(m_groups, name);
-  return found == m_groups.end() ? nullptr : &*found;
 }
 
 const RailGroups::Group* RailGroups::groupOf(const std::string& rail) const {

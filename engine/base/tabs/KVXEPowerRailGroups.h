@@ -33,8 +33,7 @@ class RailGroups {
   RailGroups(const kvxm::Device& device, const std::string& grade, const Rule& rule);
 
   const std::vector<Group>& all() const { return m_groups; }
-  /// Null for none.
-  const Group* find(const std::string& name) const;
+  /// Null for a rail that is left out.
   const Group* groupOf(const std::string& rail) const;
 
  private:

@@ -101,6 +101,7 @@ void KVXEPowerDesignTab::initPwrSupplyDesignTable() {
   for (const std::string& category : getCategoryList())
     for (const kvxm::Supply* rail : railsOfCategory(category))
       createSupplyRow(rail->displayName)->getCell(&m_psdVoltageColumn)->setIsEditable(false);
+  m_groupsOfRows.resize(table->getRowCount());
 }
 
 KVXERow* KVXEPowerDesignTab::createSupplyRow(const std::string& name) {
@@ -130,17 +131,16 @@ std::vector<std::string> KVXEPowerDesignTab::possibleGroups() const {
   return names;
 }
 
-/// The rails of the row that the formula runs in; null while the part and the consolidation have no such
-/// supply. Such a row depends on nothing else.
-const kvxe::RailGroups::Group* KVXEPowerDesignTab::groupOfRow(const KVXEUID& uid) {
-  const KVXEPowerDesignTab* tab = tabOf(uid);
-  tab->railGroups();
-  return tab->m_groupsOfRows[uid.getRow()->getIndex()];
+/// The rails of a supply; null while the part and the consolidation have no such supply. Then its row depends
+/// on nothing else.
+const kvxe::RailGroups::Group* KVXEPowerDesignTab::groupOfRow(const KVXERow& row) const {
+  railGroups();
+  return m_groupsOfRows[row.getIndex()];
 }
 
 void KVXEPowerDesignTab::updatePowerSupplyDesignTable(const KVXEUID& uid) {
   if (!isInSupplyDesignTable(uid)) return;
-  const Group* group = groupOfRow(uid);
+  const Group* group = tabOf(uid)->groupOfRow(*uid.getRow());
   uid.getRow()->setVisibility(group ? Visibility::EXTERNAL : Visibility::ALWAYS_HIDDEN);
   uid.getCell()->setValAndMarkEngineClean(group ? joined(group->supplies) : std::string());
 }
@@ -151,7 +151,7 @@ void KVXEPowerDesignTab::updateSupplyDesignVoltage(const KVXEUID& uid) {
   if (!isInSupplyDesignTable(uid)) return;
   KVXECell* cell = uid.getCell();
   const KVXEPowerDesignTab* tab = tabOf(uid);
-  const Group* group = groupOfRow(uid);
+  const Group* group = tab->groupOfRow(*uid.getRow());
   float given = 0.0f;
   const bool isKept = cell->getIsEditable() && isGiven(*cell) && cell->getVal(given, false);
   float volts = isKept || !group ? given : group->nominalVolts;
@@ -225,7 +225,7 @@ void KVXEPowerDesignTab::updatePowerDeliveryMargin(const KVXEUID& uid) {
   KVXERow* row = uid.getRow();
   KVXECell* margin = row->getCell(&m_psdMarginColumn);
   std::optional<float> estimated, step, left;
-  if (const Group* group = groupOfRow(uid)) {
+  if (const Group* group = tab->groupOfRow(*row)) {
     estimated = tab->updateCurrentSelectionTable(*group);
     step = tab->stepLoad(*group);
     float available = 0.0f;

@@ -2,12 +2,11 @@
 
 #include <iostream>
 
-#include "engine/base/selection/KVXEPartSelection.h"
 #include "engine/base/tabs/KVXEConfigTable.h"
+#include "engine/base/tabs/KVXEDropdowns.h"
 #include "engine/base/tabs/KVXERowReading.h"
 #include "engine/base/tabs/KVXEUtilization.h"
 #include "engine/base/workbook/KVXERow.h"
-#include "engine/base/workbook/KVXETemplateCell.h"
 #include "models/common/KVXMHelperUtils.h"
 
 using enum KVXEEnums::CellType;
@@ -145,8 +144,7 @@ const ProcessorBlock* KVXEPsTab::blockOf(const KVXEUID& uid) const {
 }
 
 std::string KVXEPsTab::speedGrade() const {
-  const KVXEPartSelection* selection = KVXEPartSelection::getGlobal();
-  return selection ? selection->getCurrentSetting(KVXEPartSelection::m_spdGradeStr) : std::string();
+  return kvxe::readSpeedGrade();
 }
 
 bool KVXEPsTab::isDomainOn(std::string_view domain) const {
@@ -158,9 +156,10 @@ bool KVXEPsTab::isDomainOn(std::string_view domain) const {
 std::optional<KVXEPsTab::BlockUse> KVXEPsTab::readBlock(const KVXEUID& uid,
                                                         const ProcessorBlock& block) const {
   KVXERow* row = uid.getRow();
-  BlockUse use{
-      .block = std::string(block.name), .megahertz = kvxe::readNumber(row, m_Frequency, 0.0f), .load = 1.0f};
-  row->getCell(&m_Count)->getVal(use.count, true);
+  BlockUse use{.block = std::string(block.name),
+               .count = kvxe::readCount(row, m_Count),
+               .megahertz = kvxe::readNumber(row, m_Frequency, 0.0f),
+               .load = 1.0f};
   if (use.count <= 0 || use.count > block.most || !(use.megahertz > 0.0f)) return std::nullopt;
   if (row->getTable()->findTitle(&m_Load) < row->getColumnCount())
     use.load = kvxe::readNumber(row, m_Load, static_cast<float>(startLoad));
@@ -219,12 +218,11 @@ void KVXEPsTab::updateFrequency(const KVXEUID& uid) {
   auto* cell = static_cast<KVXEFloatCell*>(uid.getCell());
   const ProcessorBlock* block = tab ? tab->blockOf(uid) : nullptr;
   const float limit = block ? kvxm::limitOf(block->limits, tab->speedGrade()) : 0.0f;
-  if (block && !cell->isBlank() && cell->readVal(false) > limit) {
-    cell->setMsg(KvxSeverity::WARNING, std::string(block->name) + " of the selected speed grade run at " +
-                                           KVXMHelperUtils::ToString(limit) + " MHz at most.");
-  } else {
-    cell->clearMsg();
-  }
+  std::optional<std::string> warning;
+  if (block && !cell->isBlank() && cell->readVal(false) > limit)
+    warning = std::string(block->name) + " of the selected speed grade run at " +
+              KVXMHelperUtils::ToString(limit) + " MHz at most.";
+  kvxe::showWarning(cell, warning);
   cell->markEngineClean();
 }
 
@@ -239,12 +237,7 @@ constexpr std::string_view memoryPadRail = "VCCOPSDDR";
 
 const KVXEColumn memoryColumns[] = {
     {.title = &Tab::m_MemoryOption, .type = STRING, .toolTip = "What is chosen for the memory interface."},
-    {.title = &Tab::m_MemorySelection,
-     .type = STRING,
-     .isEditable = true,
-     .formula = &Tab::updateMemoryOption,
-     .isDropdown = true,
-     .toolTip = "The choice."},
+    kvxe::column::choice(Tab::m_MemorySelection, {}, "", "The choice.", &Tab::updateMemoryOption),
     kvxe::column::watts(KVXETab::m_Power, &KVXECell::NoFormula,
                         "<html>The dynamic power of the memory interface, without the memories.</html>"),
     kvxe::column::watts(Tab::m_CorePower, &KVXECell::NoFormula,
@@ -269,11 +262,6 @@ std::vector<std::string> textsOf(std::span<const int> numbers, float limit) {
   for (const int number : numbers)
     if (static_cast<float>(number) <= limit) texts.push_back(KVXMHelperUtils::ToString(number));
   return texts;
-}
-
-bool isChosen(const KVXECell& cell) {
-  const ValueSource source = cell.getValueSource();
-  return source == ValueSource::USER || source == ValueSource::XML || source == ValueSource::IP;
 }
 
 }  // namespace
@@ -322,8 +310,8 @@ void KVXEPsTab::updateMemoryOption(const KVXEUID& uid) {
     followsType = true;
   }
   KVXECell* cell = uid.getCell();
-  if (followsType && !isChosen(*cell)) cell->setValAndMarkEngineClean(list.back());
-  cell->setDDValsAndMarkEngineClean(list);
+  if (followsType && !kvxe::isGiven(*cell)) cell->setValAndMarkEngineClean(list.back());
+  kvxe::offerInCell(cell, list);
   cell->addDDErrorMsgIfApplicable();
 }
 

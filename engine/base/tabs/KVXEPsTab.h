@@ -2,7 +2,6 @@
 
 #include <map>
 #include <optional>
-#include <span>
 #include <string>
 #include <vector>
 

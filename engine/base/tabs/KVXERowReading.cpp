@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "engine/base/config/ClockTag.h"
+#include "engine/base/selection/KVXEPartSelection.h"
 #include "engine/base/services/KVXEParamControlMgr.h"
 #include "engine/base/tabs/KVXEPowerDesignTab.h"
 #include "engine/base/workbook/KVXEBook.h"
@@ -25,6 +26,23 @@ float readNumber(KVXERow* row, const KVXETitle& column, float ifBlank) {
   return cell && cell->getVal(value, true) ? value : ifBlank;
 }
 
+int readCount(KVXERow* row, const KVXETitle& column) {
+  int count = 0;
+  return row->getCell(&column)->getVal(count, true) ? count : 0;
+}
+
+std::string readText(KVXERow* row, const KVXETitle& column) {
+  std::string text;
+  row->getCell(&column)->getVal(text, true);
+  return text;
+}
+
+bool isGiven(const KVXECell& cell) {
+  using KVXEEnums::ValueSource;
+  const ValueSource source = cell.getValueSource();
+  return source == ValueSource::USER || source == ValueSource::XML || source == ValueSource::IP;
+}
+
 std::optional<float> readClockFrequency(KVXERow* row, const KVXETitle& column) {
   KVXECell* cell = row->getCell(&column);
   if (!cell || cell->getCellType() != KVXEEnums::CellType::STRING) return std::nullopt;
@@ -35,6 +53,11 @@ std::optional<float> readClockFrequency(KVXERow* row, const KVXETitle& column) {
 
 std::string readDevice(const KVXEUID& uid) {
   return KVXEPowerDesignTab::getDevice(uid);
+}
+
+std::string readSpeedGrade() {
+  const auto* selection = KVXEPartSelection::getGlobal();
+  return selection ? selection->getCurrentSetting(KVXEPartSelection::m_spdGradeStr) : std::string();
 }
 
 std::optional<float> readVoltage(const KVXEUID& uid, std::string_view rail) {
@@ -84,6 +107,11 @@ void writeResult(KVXERow* row, const KVXETitle& column, std::optional<float> val
 
 void blankResults(KVXERow* row, std::span<const KVXETitle* const> columns) {
   for (const KVXETitle* column : columns) row->getCell(column)->setBlankAndMarkEngineClean();
+}
+
+void showWarning(KVXECell* cell, const std::optional<std::string>& warning) {
+  if (warning) return cell->setMsg(KvxSeverity::WARNING, *warning);
+  cell->clearMsg();
 }
 
 }  // namespace kvxe

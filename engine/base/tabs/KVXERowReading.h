@@ -21,11 +21,23 @@ bool isInTable(const KVXEUID& uid, const KVXETitle& table, const char* updated);
 /// The number in a column of the row, `ifBlank` for a blank cell.
 float readNumber(KVXERow* row, const KVXETitle& column, float ifBlank);
 
+/// The count in a column of the row, 0 for a blank cell.
+int readCount(KVXERow* row, const KVXETitle& column);
+
+/// The text in a column of the row, empty for a blank cell.
+std::string readText(KVXERow* row, const KVXETitle& column);
+
+/// Whether the cell holds what somebody put into it, in place of a default or a result.
+bool isGiven(const KVXECell& cell);
+
 /// The frequency in MHz from the clock tag in a column of the row; nothing for a blank cell or another text.
 std::optional<float> readClockFrequency(KVXERow* row, const KVXETitle& column);
 
 /// The device that the models know.
 std::string readDevice(const KVXEUID& uid);
+
+/// The speed grade of the selected part, as the catalogue writes it; empty without a part.
+std::string readSpeedGrade();
 
 /// The voltage of a rail in the power table of the tab that the formula runs in; nothing when it is unknown.
 /// Which row belongs to a rail never changes, so the voltage is all that the formula comes to depend on.
@@ -46,5 +58,8 @@ void writeResult(KVXERow* row, const KVXETitle& column, std::optional<float> val
 
 /// Blanks the results of a row that has no power.
 void blankResults(KVXERow* row, std::span<const KVXETitle* const> columns);
+
+/// Puts the warning on the cell; takes the cell's message away when there is nothing to warn of.
+void showWarning(KVXECell* cell, const std::optional<std::string>& warning);
 
 }  // namespace kvxe

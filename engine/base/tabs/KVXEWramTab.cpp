@@ -3,7 +3,6 @@
 #include "engine/base/tabs/KVXEConfigTable.h"
 #include "engine/base/tabs/KVXEUtilization.h"
 #include "engine/base/workbook/KVXERow.h"
-#include "engine/base/workbook/KVXETemplateCell.h"
 
 using Title = const KVXETitle;
 
@@ -140,15 +139,6 @@ void KVXEWramTab::initTables(KVXEFormula power) {
 }
 
 // Rows.
-
-int KVXEWramTab::readInt(KVXERow* row, const KVXETitle& column) {
-  int number = 0;
-  return row->getCell(&column)->getVal(number, true) ? number : 0;
-}
-
-std::string KVXEWramTab::readText(KVXERow* row, const KVXETitle& column) {
-  return static_cast<KVXEStringCell*>(row->getCell(&column))->readVal(true);
-}
 
 void KVXEWramTab::writePower(const KVXEUID& uid, std::optional<float> vccint, std::optional<float> vccram) {
   kvxe::writeResult(uid.getRow(), m_VccintPower, vccint);

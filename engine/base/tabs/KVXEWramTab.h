@@ -51,19 +51,19 @@ class KVXEWramTab : public KVXETab {
     using F = typename Params::FloatEnum;
     using S = typename Params::StringEnum;
     KVXERow* row = uid.getRow();
-    const int count = readInt(row, m_WramCount);
+    const int count = kvxe::readCount(row, m_WramCount);
     const auto megahertz = kvxe::readClockFrequency(row, m_Clock);
     const auto vccint = kvxe::readVoltage(uid, "VCCINT");
     const auto vccram = kvxe::readVoltage(uid, "VCCRAM");
     if (count <= 0 || !megahertz || !vccint || !vccram) return false;
     params[S::DEVICE] = kvxe::readDevice(uid);
-    params[S::MODE] = readText(row, m_Mode);
-    params[S::AUTO_SLEEP] = readText(row, m_AutoSleep);
+    params[S::MODE] = kvxe::readText(row, m_Mode);
+    params[S::AUTO_SLEEP] = kvxe::readText(row, m_AutoSleep);
     params[I::COUNT] = count;
-    params[I::CASCADE_GROUP_SIZE] = readInt(row, m_CascadeGroupSize);
-    params[I::LATENCY] = readInt(row, m_Latency);
-    params[I::PORT_A_WIDTH] = readInt(row, m_PortADataWidth);
-    params[I::PORT_B_WIDTH] = readInt(row, m_PortBDataWidth);
+    params[I::CASCADE_GROUP_SIZE] = kvxe::readCount(row, m_CascadeGroupSize);
+    params[I::LATENCY] = kvxe::readCount(row, m_Latency);
+    params[I::PORT_A_WIDTH] = kvxe::readCount(row, m_PortADataWidth);
+    params[I::PORT_B_WIDTH] = kvxe::readCount(row, m_PortBDataWidth);
     params[F::FREQUENCY] = *megahertz;
     params[F::VCCINT] = *vccint;
     params[F::VCCRAM] = *vccram;
@@ -81,7 +81,5 @@ class KVXEWramTab : public KVXETab {
     return true;
   }
 
-  static int readInt(KVXERow* row, const KVXETitle& column);
-  static std::string readText(KVXERow* row, const KVXETitle& column);
   static void writePower(const KVXEUID& uid, std::optional<float> vccint, std::optional<float> vccram);
 };
