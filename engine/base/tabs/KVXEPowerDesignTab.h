@@ -140,6 +140,7 @@ class KVXEPowerDesignTab : public KVXETab,
   static void updateTotalCurrentPowerSupplyTable(const KVXEUID& uid);
   static void updatePowerSupplyDesignTable(const KVXEUID& uid);
   static void updateSupplyDesignVoltage(const KVXEUID& uid);
+  static void updateSupplyDesignStepLoad(const KVXEUID& uid);
   static void updatePowerDeliveryMargin(const KVXEUID& uid);
   static void updateDebugDeviceTable(const KVXEUID& uid);
   static void updateDebugJunctionTempTable(const KVXEUID& uid);

@@ -57,7 +57,7 @@ const KVXEColumn supplyDesignColumns[] = {
      .toolTip = "The current of all rails of the supply, as the current selection says."},
     {.title = &Tab::m_psdStepLoadColumn,
      .type = FLOAT,
-     .formula = &Tab::updatePowerDeliveryMargin,
+     .formula = &Tab::updateSupplyDesignStepLoad,
      .unit = Unit::CURRENT_SHOW,
      .toolTip = "The current that may switch at once: of each rail the step load share of its dynamic "
                 "current."},
@@ -218,22 +218,30 @@ float KVXEPowerDesignTab::updateCurrentSelectionTable(const Group& group) const 
   return sumOfRails(group, m_totalCurrentColumn);
 }
 
-/// Fills all currents of a supply that are results.
+/// Apart from the other currents: what leaks does not switch, so that a change of temperature has nothing to
+/// do here.
+void KVXEPowerDesignTab::updateSupplyDesignStepLoad(const KVXEUID& uid) {
+  if (!isInSupplyDesignTable(uid)) return;
+  const KVXEPowerDesignTab* tab = tabOf(uid);
+  const Group* group = tab->groupOfRow(*uid.getRow());
+  kvxe::writeResult(uid.getRow(), m_psdStepLoadColumn,
+                    group ? std::optional(tab->stepLoad(*group)) : std::nullopt);
+}
+
+/// Fills the estimated current of a supply and what is left of the available one.
 void KVXEPowerDesignTab::updatePowerDeliveryMargin(const KVXEUID& uid) {
   if (!isInSupplyDesignTable(uid)) return;
   const KVXEPowerDesignTab* tab = tabOf(uid);
   KVXERow* row = uid.getRow();
   KVXECell* margin = row->getCell(&m_psdMarginColumn);
-  std::optional<float> estimated, step, left;
+  std::optional<float> estimated, left;
   if (const Group* group = tab->groupOfRow(*row)) {
     estimated = tab->updateCurrentSelectionTable(*group);
-    step = tab->stepLoad(*group);
     float available = 0.0f;
     if (row->getCell(&m_psdCurrentColumn)->getVal(available, true))
       left = available - tab->worstCurrent(*group);
   }
   kvxe::writeResult(row, m_psdEstimatedCurrentColumn, estimated);
-  kvxe::writeResult(row, m_psdStepLoadColumn, step);
   kvxe::writeResult(row, m_psdMarginColumn, left);
   const bool isEnough = !left || *left >= 0.0f;
   showRange(*margin, isEnough);
