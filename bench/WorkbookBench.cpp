@@ -6,6 +6,7 @@
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
+#include <chrono>
 #include <iostream>
 #include <memory>
 
@@ -29,6 +30,8 @@ struct Shared {
   std::unique_ptr<BenchBook> book;
   unsigned int rows = 0;
   size_t bytes = 0;  ///< heap that the settled book takes, its graph included
+  double cells = 0;
+  double straightSeconds = 0;  ///< of the model calls that its rows make
 
   void close() {
     book.reset();
@@ -42,6 +45,15 @@ size_t heapBytes() {
   return info.uordblks + info.hblkhd;
 }
 
+double timeStraightLine(unsigned int rows) {
+  constexpr int Runs = 50;
+  StraightLine calls(rows);
+  calls.run();
+  const auto begin = std::chrono::steady_clock::now();
+  for (int i = 0; i < Runs; ++i) calls.run();
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count() / Runs;
+}
+
 BenchBook& bookOf(unsigned int rows) {
   if (shared.rows == rows) return *shared.book;
   shared.close();
@@ -50,6 +62,8 @@ BenchBook& bookOf(unsigned int rows) {
   shared.book->settle();
   shared.rows = rows;
   shared.bytes = heapBytes() - before;
+  shared.cells = static_cast<double>(shared.book->countCells());
+  shared.straightSeconds = timeStraightLine(rows);
   return *shared.book;
 }
 
@@ -67,42 +81,42 @@ void build(benchmark::State& state) {
   }
 }
 
-/// The time of one run over the cells of the book.
-void countPerCell(benchmark::State& state, double cells) {
+/// The time of one run for each cell of the book, and as a multiple of the bare model calls.
+void reportShares(benchmark::State& state) {
   using benchmark::Counter;
-  state.counters["s_per_cell"] = Counter(cells, Counter::kIsIterationInvariantRate | Counter::kInvert);
+  const auto inverse = Counter::kIsIterationInvariantRate | Counter::kInvert;
+  state.counters["s_per_cell"] = Counter(shared.cells, inverse);
+  state.counters["straight_lines"] = Counter(shared.straightSeconds, inverse);
 }
 
 void full(benchmark::State& state) {
   BenchBook& book = bookOf(rowsOf(state));
-  const auto cells = static_cast<double>(book.countCells());
   for (auto _ : state) KVXECalculationMgr::getGlobal().fullCalculate();
-  countPerCell(state, cells);
-  state.counters["cells"] = cells;
+  reportShares(state);
+  state.counters["cells"] = shared.cells;
   state.counters["edges"] = static_cast<double>(KVXECalculationMgr::getGlobal().getEdgeCount());
-  state.counters["edges_per_cell"] = state.counters["edges"] / cells;
+  state.counters["edges_per_cell"] = state.counters["edges"] / shared.cells;
   state.counters["MB"] = static_cast<double>(shared.bytes) / 1e6;
-  state.counters["bytes_per_cell"] = static_cast<double>(shared.bytes) / cells;
+  state.counters["bytes_per_cell"] = static_cast<double>(shared.bytes) / shared.cells;
   book.settle();
 }
 
 void straightLine(benchmark::State& state) {
-  const BenchBook& book = bookOf(rowsOf(state));
+  bookOf(rowsOf(state));
   StraightLine calls(rowsOf(state));
   for (auto _ : state) calls.run();
-  countPerCell(state, static_cast<double>(book.countCells()));
+  reportShares(state);
   state.counters["calls"] = static_cast<double>(calls.countCalls());
 }
 
 /// What a change of the device costs: all tabs anew, and all calculated.
 void changeDevice(benchmark::State& state) {
-  shared.close();
-  BenchBook book(rowsOf(state));
+  BenchBook& book = bookOf(rowsOf(state));
   for (auto _ : state) {
     book.rebuild();
     book.settle();
   }
-  countPerCell(state, static_cast<double>(book.countCells()));
+  reportShares(state);
 }
 
 /// Times an edit of the cell between two values and counts what it evaluates.
@@ -111,6 +125,7 @@ void alternate(benchmark::State& state, KVXECell* cell, float a, float b) {
   book.settle();
   bool isA = false;
   for (auto _ : state) book.edit(cell, (isA = !isA) ? a : b);
+  reportShares(state);
   const EvaluationCount count;
   book.edit(cell, (isA = !isA) ? a : b);
   state.counters["evaluated"] = count.evaluated;
@@ -143,6 +158,7 @@ void insertRow(benchmark::State& state) {
     calculation.incrCalculate();
     state.ResumeTiming();
   }
+  reportShares(state);
   book.settle();
 }
 
