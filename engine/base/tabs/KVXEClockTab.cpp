@@ -160,15 +160,12 @@ KVXEClockTab::DesignUse KVXEClockTab::readDesignUse(const KVXEUID& uid) {
   };
   const float filled = std::max(share(KVXELogicTab::m_RegistersStr), share(KVXELogicTab::m_LutsStr));
   const float regions = static_cast<float>(availableRegions());
-  int pins = 0;
-  for (const char* bank : {"HSIO", "LSIO", "MSIO"}) pins += used(TabType::IO, bank);
-  for (const char* bank : {"Y7IO", "LSIO"}) pins += used(TabType::Y7IO, bank);
   return {.regions = static_cast<int>(std::ceil(std::clamp(filled, 0.0f, 1.0f) * regions)),
           .registers = used(TabType::LOGIC, KVXELogicTab::m_RegistersStr),
           .blockRams = used(TabType::BRAM, "BRAM"),
           .wideRams = used(TabType::WRAM, "WRAM"),
           .dsps = used(TabType::DSP, "DSP"),
-          .ios = pins};
+          .ios = used(TabType::IO, "IO") + used(TabType::Y7IO, "IO")};
 }
 
 void KVXEClockTab::logDetails(const ClockRow& clock, float vccintWatts, float vccramWatts) {
