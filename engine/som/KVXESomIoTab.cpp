@@ -60,12 +60,10 @@ void KVXESomIoTab::init() {
 }
 
 std::vector<KVXEColumn> KVXESomIoTab::bankColumns() const {
-  KVXEColumn bank =
-      kvxe::column::choice(m_Bank, bankNames, "",
-                           "<html>The bank of the module in which the pins are, by its supply.\n"
-                           "All interfaces of a bank need standards of one voltage.</html>");
-  bank.formula = &updateBank;
-  return {bank};
+  return {kvxe::column::choice(m_Bank, bankNames, "",
+                               "<html>The bank of the module in which the pins are, by its supply.\n"
+                               "All interfaces of a bank need standards of one voltage.</html>",
+                               &updateBank)};
 }
 
 void KVXESomIoTab::initBankSuppliesTable() {

@@ -18,6 +18,7 @@
 #include "engine/base/workbook/KVXEHeaderRow.h"
 #include "engine/base/workbook/KVXETemplateCell.h"
 #include "tests/kit/Captured.h"
+#include "tests/kit/Consistency.h"
 
 /// A book of a real device with its clock and its logic tab, and supply voltages of the test's choice.
 class ClockLogicBook : public ::testing::Test {
@@ -104,11 +105,7 @@ class ClockLogicBook : public ::testing::Test {
     KVXECalculationMgr& mgr = KVXECalculationMgr::getGlobal();
     const bool isTableOperation = KVXETableOperations::getGlobal().getIsTableOperationActive();
     EXPECT_TRUE(isTableOperation || !mgr.getIsGraphStale()) << "the edit is meant to be incremental";
-    mgr.incrCalculate();
-    Captured captured;
-    const bool isSame = mgr.verifyIncrVsFull();
-    KVXECellStateMgr::getGlobal().markGuiClean();
-    EXPECT_TRUE(isSame) << captured.text();
+    calculateEdits();
   }
 
   KVXECell* utilization(KVXETab* tab, const std::string& type, const KVXETitle& column) {

@@ -13,8 +13,8 @@
 #include "engine/base/tabs/KVXESummaryTab.h"
 #include "engine/base/workbook/KVXERow.h"
 #include "models/catalogue/DeviceCatalogue.h"
-#include "models/common/RailGrouping.h"
 #include "tests/kit/Captured.h"
+#include "tests/kit/Consistency.h"
 #include "tests/kit/DeviceBook.h"
 
 /// The power design of a real book with short tables, by rail and by supply.
@@ -71,13 +71,7 @@ class PowerDelivery : public testing::Test {
   }
   void blank(KVXECell* cell) {
     cell->setBlankAndState(KVXEEnums::CellState::DIRTY_DIRTY);
-    KVXECalculationMgr::getGlobal().incrCalculate();
-    expectConsistent();
-  }
-  void expectConsistent() {
-    Captured out;
-    EXPECT_TRUE(KVXECalculationMgr::getGlobal().verifyIncrVsFull()) << out.text();
-    KVXECellStateMgr::getGlobal().markGuiClean();
+    calculateEdits();
   }
   void consolidate(const std::string& consolidation) {
     edit(choice(Tab::m_powerRailConsolidationTable), consolidation);

@@ -1,5 +1,6 @@
 // The power delivery design of real books: which supply feeds each rail, its voltage, currents and margin.
 
+#include "models/common/RailGrouping.h"
 #include "tests/tabs/PowerDeliveryBook.h"
 
 namespace {

@@ -14,6 +14,7 @@
 #include "engine/base/workbook/KVXERow.h"
 #include "models/common/KVXMHelperUtils.h"
 #include "tests/kit/Captured.h"
+#include "tests/kit/Consistency.h"
 #include "tests/kit/DeviceBook.h"
 
 /// The book of a device with short tables, and its summary by row.
@@ -93,14 +94,7 @@ class SummaryBook : public ::testing::Test {
   }
   void blank(KVXECell* cell) {
     cell->setBlankAndState(KVXEEnums::CellState::DIRTY_DIRTY);
-    KVXECalculationMgr::getGlobal().incrCalculate();
-    expectConsistent();
-  }
-  void expectConsistent() {
-    Captured captured;
-    const bool isSame = KVXECalculationMgr::getGlobal().verifyIncrVsFull();
-    KVXECellStateMgr::getGlobal().markGuiClean();
-    EXPECT_TRUE(isSame) << captured.text();
+    calculateEdits();
   }
   void setOverride(bool isOn) {
     edit(environment(Summary::m_junctionTempStr, Summary::m_envTempColumn),
