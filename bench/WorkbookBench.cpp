@@ -12,7 +12,7 @@
 
 #include "bench/BenchBook.h"
 #include "engine/base/calculation/KVXECalculationMgr.h"
-#include "engine/base/calculation/KVXETableOperations.h"
+#include "engine/base/workbook/KVXETableOperations.h"
 
 namespace {
 

@@ -30,8 +30,10 @@ include_directories(${CMAKE_SOURCE_DIR})
 
 if(KVX_SANITIZE)
   add_compile_options(-fsanitize=${KVX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
-  # The instrumentation hides from the compiler that a value is set.
-  add_compile_options(-Wno-maybe-uninitialized)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # The instrumentation hides from the compiler that a value is set.
+    add_compile_options(-Wno-maybe-uninitialized)
+  endif()
   add_link_options(-fsanitize=${KVX_SANITIZE})
 endif()
 

@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "models/catalogue/EmbeddedData.h"
+#include "models/common/KVXMHelperUtils.h"
 
 namespace kvxm {
 namespace {
@@ -60,29 +61,6 @@ std::string line(const DataFile& file, int number, std::string_view key, std::st
   return text;
 }
 
-/// The data are plain text: well-formed UTF-8 without control characters but tab, line feed and return.
-bool isText(std::string_view text) {
-  int continuation = 0;
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (continuation > 0) {
-      if ((byte & 0xC0u) != 0x80u) return false;
-      --continuation;
-    } else if (byte < 0x20u) {
-      if (c != '\t' && c != '\n' && c != '\r') return false;
-    } else if (byte >= 0xF0u) {
-      continuation = 3;
-      if (byte > 0xF4u) return false;
-    } else if (byte >= 0xE0u) {
-      continuation = 2;
-    } else if (byte >= 0x80u) {
-      continuation = 1;
-      if (byte < 0xC2u) return false;
-    }
-  }
-  return continuation == 0;
-}
-
 void readText(DataFile& file, Problems& problems) {
   static constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
   std::error_code failure;
@@ -100,7 +78,7 @@ void readText(DataFile& file, Problems& problems) {
     return problems.error(file, 0, {}, "cannot be read", "expected a readable text file");
   }
   if (file.text.starts_with(byteOrderMark)) file.text.erase(0, byteOrderMark.size());
-  if (!isText(file.text)) {
+  if (!KVXMHelperUtils::isText(file.text)) {
     file.text.clear();
     return problems.error(file, 0, {}, "not a text file", "expected UTF-8 text");
   }

@@ -232,6 +232,45 @@ std::string getFirstNumericSubStr(std::string_view text) {
   return {begin, std::find_if_not(begin, text.end(), isDigit)};
 }
 
+namespace {
+
+/// The length of a character by its first byte, 0 for none, and what its second byte must lie between: no
+/// character has two spellings, and halves of surrogate pairs are none.
+struct Utf8Lead {
+  int length;
+  unsigned char low = 0x80;
+  unsigned char high = 0xBF;
+};
+
+Utf8Lead utf8Lead(unsigned char byte) {
+  if (byte < 0x80) return {1};
+  if (byte < 0xC2 || byte > 0xF4) return {0};
+  if (byte < 0xE0) return {2};
+  if (byte == 0xE0) return {3, 0xA0};
+  if (byte == 0xED) return {3, 0x80, 0x9F};
+  if (byte < 0xF0) return {3};
+  if (byte == 0xF0) return {4, 0x90};
+  return byte == 0xF4 ? Utf8Lead{4, 0x80, 0x8F} : Utf8Lead{4};
+}
+
+}  // namespace
+
+bool isText(std::string_view text) {
+  for (size_t i = 0; i < text.size();) {
+    const auto byteAt = [&](size_t at) { return static_cast<unsigned char>(text[at]); };
+    const unsigned char first = byteAt(i);
+    if (first < 0x20 && first != '\t' && first != '\n' && first != '\r') return false;
+    const auto [length, low, high] = utf8Lead(first);
+    if (length == 0 || i + static_cast<size_t>(length) > text.size()) return false;
+    for (int k = 1; k < length; ++k) {
+      const unsigned char next = byteAt(i + static_cast<size_t>(k));
+      if (next < (k == 1 ? low : 0x80) || next > (k == 1 ? high : 0xBF)) return false;
+    }
+    i += static_cast<size_t>(length);
+  }
+  return true;
+}
+
 FileOpener::FileOpener(const std::string& path, std::ios_base::openmode mode) {
   if (path.find('\0') != std::string::npos) {
     m_stream.setstate(std::ios_base::failbit);

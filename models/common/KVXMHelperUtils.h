@@ -58,6 +58,9 @@ void trim(std::string& text);
 void ltrim(std::string& text);
 void rtrim(std::string& text);
 
+/// Well-formed UTF-8 without control characters but tab, line feed and return: what a file can hold.
+bool isText(std::string_view text);
+
 /// The first run of digits in a text: "BMEM36SDP" gives "36"; empty if there is none.
 std::string getFirstNumericSubStr(std::string_view text);
 

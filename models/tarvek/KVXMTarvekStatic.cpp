@@ -41,7 +41,7 @@ struct SupplySlots {
   FloatEnum current;
   FloatEnum voltage;
 };
-using enum FloatEnum;
+using enum kvxm::KVXMTarvekStaticSlots::FloatEnum;
 constexpr SupplySlots xcvraSlots[] = {{XCVRA_AVCC_CURRENT, XCVRA_AVCC_VOLTAGE},
                                       {XCVRA_AVTT_CURRENT, XCVRA_AVTT_VOLTAGE},
                                       {XCVRA_AUX_CURRENT, XCVRA_AUX_VOLTAGE}};

@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "engine/base/calculation/KVXETableOperations.h"
+#include "engine/base/workbook/KVXETableOperations.h"
 #include "engine/base/workbook/KVXECellStateMgr.h"
 #include "tests/kit/Captured.h"
 #include "tests/kit/TinyBook.h"

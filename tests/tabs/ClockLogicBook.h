@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "engine/base/calculation/KVXECalculationMgr.h"
-#include "engine/base/calculation/KVXETableOperations.h"
+#include "engine/base/workbook/KVXETableOperations.h"
 #include "engine/base/selection/KVXEPartSelection.h"
 #include "engine/base/tabs/KVXEClockTab.h"
 #include "engine/base/tabs/KVXELogicTab.h"

@@ -1,4 +1,4 @@
-#include "engine/base/calculation/KVXETableOperations.h"
+#include "engine/base/workbook/KVXETableOperations.h"
 #include "tests/tabs/ClockLogicBook.h"
 
 using namespace ::testing;

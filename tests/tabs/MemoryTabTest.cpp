@@ -277,7 +277,7 @@ TEST_P(BlockMemories, WidthsFollowModeAndOtherPort) {
     for (const auto& c : cases) {
       SCOPED_TRACE(std::string(c.mode) + " beside " + KVXMHelperUtils::ToString(c.other));
       put(bram(Bram::m_Mode), c.mode);
-      put(bram(*other), c.other);
+      c.other == Unset ? clear(bram(*other)) : put(bram(*other), c.other);
       calculate();
       std::vector<std::string> offered;
       bram(*port)->getDDVals(offered);

@@ -1,7 +1,7 @@
 // Whatever a user does, in whatever order: what was calculated step by step equals what a full calculation
 // gives.
 
-#include "engine/base/calculation/KVXETableOperations.h"
+#include "engine/base/workbook/KVXETableOperations.h"
 #include "tests/kit/Captured.h"
 #include "tests/kit/DeviceBook.h"
 

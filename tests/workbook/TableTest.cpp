@@ -2,7 +2,7 @@
 
 #include <regex>
 
-#include "engine/base/calculation/KVXETableOperations.h"
+#include "engine/base/workbook/KVXETableOperations.h"
 #include "engine/base/workbook/KVXEChart.h"
 #include "engine/base/workbook/KVXEDebugTab.h"
 #include "engine/base/workbook/KVXEImage.h"

@@ -3,44 +3,25 @@
 #include <boost/sort/pdqsort/pdqsort.hpp>
 #include <iostream>
 
-#include "engine/base/calculation/KVXETableOperations.h"
 #include "engine/base/workbook/KVXEBook.h"
 #include "engine/base/workbook/KVXEBookMgr.h"
 #include "engine/base/workbook/KVXECell.h"
+#include "engine/base/workbook/KVXECellOrder.h"
 #include "engine/base/workbook/KVXERow.h"
 #include "engine/base/workbook/KVXETab.h"
 #include "engine/base/workbook/KVXETable.h"
+#include "engine/base/workbook/KVXETableOperations.h"
 
 namespace {
 
 constexpr unsigned int MaxIterations = 100;
 
-/// A dirty cell with its place in the order of KVXEUID::Compare, packed so that sorting compares two numbers.
-struct OrderedCell {
-  std::uint64_t sheet;  // book and tab, then table
-  std::uint64_t place;  // row, then column
-  KVXECell* cell;
-
-  explicit OrderedCell(KVXECell* c) : sheet(~std::uint64_t{0}), place(~std::uint64_t{0}), cell(c) {
-    const KVXERow* row = c->getRow();
-    if (!row) return;
-    place = std::uint64_t{row->getIndex()} << 32 | c->getColumnIndex();
-    const KVXETable* table = row->getTable();
-    if (table && table->getTab())
-      sheet = std::uint64_t{table->getTab()->getIndex()} << 32 | table->getIndex();
-  }
-
-  friend bool operator<(const OrderedCell& a, const OrderedCell& b) {
-    return a.sheet != b.sheet ? a.sheet < b.sheet : a.place < b.place;
-  }
-};
-
 /// The dirty cells in the order in which they are evaluated. Those for which the order makes no difference
 /// are evaluated at once.
-std::vector<OrderedCell> dirtyCellsInOrder() {
+std::vector<KVXEOrderedCell> dirtyCellsInOrder() {
   std::vector<KVXECell*> cells;
   KVXECellStateMgr::getGlobal().getCellsForRecalculate(cells);
-  std::vector<OrderedCell> ordered;
+  std::vector<KVXEOrderedCell> ordered;
   for (KVXECell* cell : cells) {
     if (cell->hasWorkToDo()) {
       ordered.emplace_back(cell);
@@ -53,11 +34,6 @@ std::vector<OrderedCell> dirtyCellsInOrder() {
 }
 
 }  // namespace
-
-KVXETableOperations& KVXETableOperations::getGlobal() {
-  static KVXETableOperations operations;
-  return operations;
-}
 
 KVXECalculationMgr& KVXECalculationMgr::getGlobal() {
   static KVXECalculationMgr manager;
@@ -167,7 +143,7 @@ void KVXECalculationMgr::evaluateRounds(unsigned int iterations) {
     if (iterations == MaxIterations) break;
     ++iterations;
     m_goneCells.clear();
-    for (const OrderedCell& ordered : dirty)
+    for (const KVXEOrderedCell& ordered : dirty)
       if (m_goneCells.empty() || !m_goneCells.contains(ordered.cell)) ordered.cell->evaluateFormula();
     beginNextRound();
   }

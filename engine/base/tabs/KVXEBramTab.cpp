@@ -8,6 +8,8 @@
 #include "engine/base/workbook/KVXEHeaderRow.h"
 #include "engine/base/workbook/KVXERow.h"
 #include "engine/base/workbook/KVXETemplateCell.h"
+#include "models/common/KVXMHelperUtils.h"
+#include "models/common/KVXMHelperUtils.h"
 
 using Title = const KVXETitle;
 
@@ -54,9 +56,10 @@ const char* const writeModes[] = {"NO_CHANGE", "READ_FIRST", "WRITE_FIRST"};
 
 const char* const widthsOfDefaultMode[] = {"9", "18"};
 
+/// Text, though a number: the screen cannot show a blank entry of a number list.
 KVXEColumn widthColumn(const KVXETitle& title, KVXEFormula formula, const char* toolTip) {
   return {.title = &title,
-          .type = KVXEEnums::CellType::INT,
+          .type = KVXEEnums::CellType::STRING,
           .isEditable = true,
           .formula = formula,
           .isDropdown = true,
@@ -219,7 +222,10 @@ std::vector<int> widthsOf(const std::string& mode, int otherWidth) {
 
 void updateBitWidths(const KVXEUID& uid, const KVXETitle& otherPort) {
   if (!kvxe::isInTable(uid, Tab::m_BramConfigTable, "bit width of a port")) return;
-  kvxe::offerInCell(uid.getCell(), widthsOf(modeOf(uid), widthOf(uid.getRow(), otherPort)));
+  std::vector<std::string> texts;
+  for (const int width : widthsOf(modeOf(uid), widthOf(uid.getRow(), otherPort)))
+    texts.push_back(KVXMHelperUtils::ToString(width));
+  kvxe::offerInCell(uid.getCell(), texts);
   uid.getCell()->addDDErrorMsgIfApplicable();
 }
 

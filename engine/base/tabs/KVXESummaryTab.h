@@ -55,7 +55,7 @@ class KVXESummaryTab : public KVXETab {
   static const std::string m_staticKeyStr, m_dynamicKeyStr, m_totalKeyStr;
   // Identifiers of the buttons, which are those of the wizards they open.
   static const std::string m_lvrImportButtonUid, m_exportPwrReportDialogLid, m_resetToDefaultLid,
-      m_exportzcfWDialogLid;
+      m_exportzcfWDialogLid, m_powerDesignXmlExportButtonUid;
 
   /// Category to components, and the strings that are category rows: of the summary that was made last.
   static std::map<std::string, std::vector<std::string>> m_dynamicPowerSummaryMap, m_staticPowerSummaryMap;

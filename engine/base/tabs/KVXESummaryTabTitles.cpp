@@ -67,6 +67,7 @@ Text KVXESummaryTab::m_lvrImportButtonUid = "LvrImportButtonUid";
 Text KVXESummaryTab::m_exportPwrReportDialogLid = "ExportPwrReport";
 Text KVXESummaryTab::m_resetToDefaultLid = "RESET_TO_DEFAULT";
 Text KVXESummaryTab::m_exportzcfWDialogLid = "ExportZCF";
+Text KVXESummaryTab::m_powerDesignXmlExportButtonUid = "PowerDesignXmlExportButtonUid";
 
 const char* const KVXESummaryTab::m_negativeMarginMsg =
     "<html>Thermal Margin is in excess of the maximum accepted range for this device Grade.\n Thermal margin "

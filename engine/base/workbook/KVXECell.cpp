@@ -172,10 +172,25 @@ void KVXECell::setIsEnabled(bool isEnabled) {
 
 // Looks.
 
+void KVXECell::noteLookChanged() {
+  // Of a header row only the heads are on screen; a default cell shows in the list of its column.
+  KVXECell* shown = m_row && m_row->getIndex() == 0 ? getHeaderDisplayCell() : this;
+  if (shown) states().markGuiDirty(shown);
+}
+
+void KVXECell::setColor(Colors colors) {
+  if (colors == m_color) return;
+  m_color = colors;
+  noteLookChanged();
+}
+
 void KVXECell::setIsEditable(bool isEditable) {
   calculation().registerAction(KVXECalculationMgr::WRITE_EDITABLE, this);
+  const Colors colors{Black, isEditable ? White : ReadOnlyBackground};
+  if (isEditable == m_isEditable && colors == m_color) return;
   m_isEditable = isEditable;
-  m_color = {Black, isEditable ? White : ReadOnlyBackground};
+  m_color = colors;
+  noteLookChanged();
 }
 
 KVXECell::Colors KVXECell::getColor() const {
@@ -256,14 +271,12 @@ KVXETable* KVXECell::getTable() const {
 
 void KVXECell::setMsg(const KvxSeverity& severity, const std::string& text) {
   calculation().registerAction(KVXECalculationMgr::WRITE_MSG, this);
+  KVXEMsg msg(severity, text);
+  if (m_msg && *m_msg == msg) return;
   KVXETable* table = getTable();
-  if (m_msg) {
-    if (table && raisesSeverity(m_msg->getSeverity())) table->unregisterMsgCell(this);
-    m_msg->setSeverity(severity);
-    m_msg->setDisplayText(text);
-  } else {
-    m_msg = std::make_unique<KVXEMsg>(severity, text);
-  }
+  if (m_msg && table && raisesSeverity(m_msg->getSeverity())) table->unregisterMsgCell(this);
+  m_msg = std::make_unique<KVXEMsg>(std::move(msg));
+  noteLookChanged();
   if (table && raisesSeverity(severity)) table->registerMsgCell(this);
 }
 
@@ -273,6 +286,7 @@ void KVXECell::clearMsg() {
   if (KVXETable* table = getTable(); table && raisesSeverity(m_msg->getSeverity()))
     table->unregisterMsgCell(this);
   m_msg.reset();
+  noteLookChanged();
 }
 
 // Unit.

@@ -76,6 +76,11 @@ class KVXECell {
   virtual bool getDDVals(std::vector<std::string>& values) = 0;
   /// Puts or clears the message on a value that is not in the drop-down list.
   virtual void addDDErrorMsgIfApplicable() = 0;
+  /// The same for a value beyond the range, which a formula may have narrowed after the value was entered.
+  virtual void addRangeErrorMsgIfApplicable() = 0;
+  /// Fills the cell of a table that goes out whole, after which the front end knows the cell. False for a null
+  /// message.
+  virtual bool populate(GenericTreeTableCellData* data);
 
   KVXERow* getRow() const { return m_row; }
   unsigned int getColumnIndex() const { return m_columnIndex; }
@@ -94,8 +99,8 @@ class KVXECell {
 
   bool getIsEditable() const { return m_isEditable; }
   void setIsEditable(bool isEditable);
-  void setColor(Colors colors) { m_color = colors; }
-  void setBackgroundColor(Color background) { m_color.second = background; }
+  void setColor(Colors colors);
+  void setBackgroundColor(Color background) { setColor({m_color.first, background}); }
   /// The stored colours, or those that a warning or an error forces.
   Colors getColor() const;
 
@@ -144,6 +149,8 @@ class KVXECell {
   // Kept by the state manager.
   StateBundle* mp_state = nullptr;
   std::uint32_t m_stateSlot = 0;
+  // Kept by the wire population: a fingerprint of what the front end has, 0 when that is not known.
+  std::uint64_t m_sentLook = 0;
   // Kept by the dependency graph: the vertex, valid for the graph of that generation.
   std::uint32_t m_vertex = 0;
   std::uint32_t m_graphGeneration = 0;
@@ -153,6 +160,8 @@ class KVXECell {
   /// Stores what was written by a formula: the value is in place, the state follows.
   void finishWrite(KVXEEnums::CellState state);
   void finishWriteEngineClean();
+  /// Has the front end told of a change that it can see.
+  void noteLookChanged();
 
  private:
   void reportCycle(const KVXEUID& uid);

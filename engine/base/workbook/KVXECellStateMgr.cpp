@@ -39,6 +39,8 @@ constexpr Transitions BothDirty{{CLEAN_DISABLED, DIRTY_DISABLED},
                                 {CLEAN_DIRTY, DIRTY_DIRTY},
                                 {DIRTY_CLEAN, DIRTY_DIRTY},
                                 {CLEAN_CLEAN, DIRTY_DIRTY}};
+constexpr Transitions GuiDirty{
+    {HEADER_CLEAN, HEADER_DIRTY}, {DIRTY_CLEAN, DIRTY_DIRTY}, {CLEAN_CLEAN, CLEAN_DIRTY}};
 constexpr Transitions Disable{{HEADER_DIRTY, DISABLED_DIRTY},       {HEADER_CLEAN, DISABLED_DIRTY},
                               {DIRTY_DIRTY, DISABLED_DIRTY},        {CLEAN_DIRTY, DISABLED_DIRTY},
                               {DIRTY_CLEAN, DISABLED_DIRTY},        {CLEAN_CLEAN, DISABLED_DIRTY},
@@ -85,6 +87,10 @@ void KVXECellStateMgr::markGuiClean(KVXECell* cell) {
 
 void KVXECellStateMgr::markBothDirty(KVXECell* cell) {
   move(*this, cell, getState(cell), BothDirty);
+}
+
+void KVXECellStateMgr::markGuiDirty(KVXECell* cell) {
+  move(*this, cell, getState(cell), GuiDirty);
 }
 
 void KVXECellStateMgr::setIsEnabled(KVXECell* cell, bool isEnabled) {
@@ -139,8 +145,13 @@ std::pair<bool, unsigned int> KVXECellStateMgr::isGuiRedrawNeeded() const {
 
 void KVXECellStateMgr::getCellsForGuiRefresh(KVXEUIDSet& cells) const {
   std::vector<KVXECell*> nodes;
-  for (const State state : {CLEAN_DIRTY, HEADER_DIRTY}) getStateNodes(state, nodes);
+  getCellsForGuiRefresh(nodes);
   for (KVXECell* cell : nodes) cells.insert(KVXEUID(cell));
+}
+
+void KVXECellStateMgr::getCellsForGuiRefresh(std::vector<KVXECell*>& cells) const {
+  cells.clear();
+  for (const State state : {CLEAN_DIRTY, HEADER_DIRTY}) getStateNodes(state, cells);
 }
 
 void KVXECellStateMgr::getCellsForRecalculate(KVXEUIDSet& cells) const {

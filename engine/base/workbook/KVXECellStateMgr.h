@@ -27,6 +27,8 @@ class KVXECellStateMgr : public CppStateManager<KVXECell, KVXEEnums::CellState> 
   void markEngineClean(KVXECell* cell);
   void markGuiClean(KVXECell* cell);
   void markBothDirty(KVXECell* cell);
+  /// The front end's copy of a cell that it has got is stale.
+  void markGuiDirty(KVXECell* cell);
   void setIsEnabled(KVXECell* cell, bool isEnabled);
   bool isEngineClean(const KVXECell* cell) const;
   bool isGuiClean(const KVXECell* cell) const;
@@ -48,6 +50,8 @@ class KVXECellStateMgr : public CppStateManager<KVXECell, KVXEEnums::CellState> 
 
   /// Adds the cells whose new value the front end waits for.
   void getCellsForGuiRefresh(KVXEUIDSet& cells) const;
+  /// As above as plain pointers in no particular order, which replace the contents.
+  void getCellsForGuiRefresh(std::vector<KVXECell*>& cells) const;
   /// Replaces the set's contents with the cells to evaluate.
   void getCellsForRecalculate(KVXEUIDSet& cells) const;
   /// As above as plain pointers in no particular order, for the evaluation loop, which sorts by itself.

@@ -41,6 +41,10 @@ class KVXEHeaderRow : public KVXERow {
   void populateIndexToTag(KVXEEnums::TitleType type,
                           std::unordered_map<unsigned int, std::string>& map) const;
 
+  using KVXERow::populate;
+  /// Fills the head of a table that goes out whole. False for a null message.
+  bool populate(GenericTreeTableHeaderData* data);
+
  protected:
   KVXECell* getContentCell(unsigned int column) override { return getDefaultCell(column); }
 

@@ -13,6 +13,10 @@ class KVXEImage final : public KVXETable {
   KVXEEnums::GridComponentType getPBGridViewType() override { return KVXEEnums::GridComponentType::IMAGE; }
   const KVXETitle* getImageTitle() const { return getTableTitle(); }
 
+  using KVXETable::populate;
+  bool populate(KvxGridComponentData* component) override;
+  bool populate(KvxImageData* image) override;
+
   void setFileName(const std::string& file);
   bool getFileName(std::string& file) const;
   void setWidth(unsigned int width) { m_width = width; }

@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "engine/base/workbook/KVXECell.h"
+#include "engine/base/workbook/KVXECellStateMgr.h"
 #include "engine/base/workbook/KVXEHeaderRow.h"
 #include "engine/base/workbook/KVXETable.h"
 #include "engine/base/workbook/KVXEViewer.h"
@@ -77,6 +78,7 @@ void KVXERow::setIsEnabled(bool isEnabled) {
 void KVXERow::setVisibility(Visibility visibility) {
   if (visibility == m_visibility) return;
   m_visibility = visibility;
+  KVXECellStateMgr::getGlobal().requestGuiRedraw();
   if (m_table) m_table->populateIndexMapping();
 }
 

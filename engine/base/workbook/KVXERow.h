@@ -59,6 +59,9 @@ class KVXERow {
   /// The row holds what a new row would hold.
   bool isEquivalentToDefault(bool externalOnly);
 
+  /// Fills the row of a table that goes out whole. False for a null message.
+  bool populate(GenericTreeTableRowData* data);
+
  protected:
   /// The cell that stands for the column's contents: a data row's cell, a header row's default cell.
   virtual KVXECell* getContentCell(unsigned int column) { return KVXERow::getCell(column); }

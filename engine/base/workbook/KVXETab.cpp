@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "engine/base/workbook/KVXEBook.h"
+#include "engine/base/workbook/KVXECellStateMgr.h"
 #include "engine/base/workbook/KVXEImage.h"
 #include "engine/base/workbook/KVXETemplateCell.h"
 #include "models/common/KVXMHelperUtils.h"
@@ -60,8 +61,15 @@ void KVXETab::initSpacerTable() {
 void KVXETab::setIsEnabled(bool isEnabled) {
   if (isEnabled == m_isEnabled) return;
   m_isEnabled = isEnabled;
+  KVXECellStateMgr::getGlobal().requestGuiRedraw();
   for (KVXETable* table : m_tables) table->setIsEnabled(isEnabled);
   for (KVXEImage* image : m_images) image->setIsEnabled(isEnabled);
+}
+
+void KVXETab::setVisibility(KVXEEnums::Visibility visibility) {
+  if (visibility == m_visibility) return;
+  m_visibility = visibility;
+  KVXECellStateMgr::getGlobal().requestGuiRedraw();
 }
 
 // Tables and images.
@@ -155,16 +163,24 @@ bool KVXETab::hasMultipleTablesInTabWidget(const std::string& title) const {
 
 KVXETabButton& KVXETab::addButton(const std::string& id, const std::string& text, const std::string& toolTip,
                                   std::optional<unsigned int> operation) {
-  m_buttons.push_back(std::make_unique<KVXETabButton>(KVXEGenericButton{id, text, toolTip}, operation));
-  return *m_buttons.back();
+  m_buttons.push_back(std::make_unique<KVXETabButton>(std::in_place_type<KVXEGenericButton>, id, operation));
+  KVXETabButton& button = *m_buttons.back();
+  button.setText(text);
+  button.setToolTip(toolTip);
+  return button;
 }
 
 KVXETabButton& KVXETab::addFileChooserButton(const std::string& id, const std::string& text,
                                              const std::string& toolTip, const std::string& fileFilter,
                                              unsigned int dialogWidth) {
-  m_buttons.push_back(std::make_unique<KVXETabButton>(
-      KVXEGenericFileChooserButton{id, text, toolTip, fileFilter, dialogWidth}, std::nullopt));
-  return *m_buttons.back();
+  m_buttons.push_back(
+      std::make_unique<KVXETabButton>(std::in_place_type<KVXEGenericFileChooserButton>, id, std::nullopt));
+  KVXETabButton& button = *m_buttons.back();
+  button.setText(text);
+  button.setToolTip(toolTip);
+  button.getButton().setFileTypeExtensions({fileFilter});
+  button.getButton().setDialogWidth(dialogWidth);
+  return button;
 }
 
 namespace {

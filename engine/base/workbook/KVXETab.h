@@ -13,6 +13,8 @@
 
 class KVXEBook;
 class KVXEImage;
+class KvxBookBundleNodeData;
+class KvxGridComponentsContentData;
 
 /// One sheet of a book. The base class holds tables, images, buttons and the helpers with which concrete
 /// tabs define themselves; a tab that has no class of its own is an empty sheet of this class.
@@ -62,6 +64,8 @@ class KVXETab {
   virtual void reservedHook() {}
   /// The gravest severity among the tab's cells that the present viewer sees; 0 for none.
   virtual int getTabSeverity();
+  /// Fills the tab of a book that goes out whole: tables, images and buttons. False for a null message.
+  virtual bool populate(KvxBookBundleNodeData* node);
   /// Defines the tab's content; the factory calls it once.
   virtual void init();
   virtual void initSpacerTable();
@@ -73,7 +77,7 @@ class KVXETab {
   bool getIsEnabled() const { return m_isEnabled; }
   void setIsEnabled(bool isEnabled);
   KVXEEnums::Visibility getVisibility() const { return m_visibility; }
-  void setVisibility(KVXEEnums::Visibility visibility) { m_visibility = visibility; }
+  void setVisibility(KVXEEnums::Visibility visibility);
 
   // Tables and images; null when there is none.
   KVXETable* getTable(const KVXETitle* title) const;
@@ -141,6 +145,8 @@ class KVXETab {
 
  private:
   bool getPowerTableTotal(const KVXETitle* column, float& watts);
+  bool populateComponents(KvxGridComponentsContentData* content);
+  bool isGroupHeading() const;
 
   KVXEBook* m_book;
   KVXEEnums::TabType m_type;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "engine/base/workbook/KVXECellStateMgr.h"
 #include "engine/base/workbook/KVXEChart.h"
 #include "engine/base/workbook/KVXEHeaderRow.h"
 #include "engine/base/workbook/KVXERow.h"
@@ -246,6 +247,17 @@ void KVXETable::populateIndexMapping() {
   for (unsigned int i = 1; i <= last; ++i)
     if (const KVXERow* row = getRow(i); row && row->hasPlaceOnScreen()) m_guiToEngine.push_back(i);
   fillRowIDs();
+}
+
+void KVXETable::refreshForViewer() {
+  const auto isForSome = [](const KVXERow* row) { return row->getVisibility() != Visibility::EXTERNAL; };
+  if (!m_guiToEngine.empty() || std::any_of(m_rows.begin(), m_rows.end(), isForSome)) populateIndexMapping();
+}
+
+void KVXETable::setVisibility(Visibility visibility) {
+  if (visibility == m_visibility) return;
+  m_visibility = visibility;
+  KVXECellStateMgr::getGlobal().requestGuiRedraw();
 }
 
 void KVXETable::fillRowIDs() {

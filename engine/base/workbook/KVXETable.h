@@ -13,10 +13,14 @@
 #include "engine/base/workbook/KVXEColumn.h"
 #include "engine/base/workbook/KVXEEnums.h"
 
+class GenericTreeTableData;
+class GenericTreeTablesData;
 class KVXEChart;
 class KVXEHeaderRow;
 class KVXERow;
 class KVXETab;
+class KvxGridComponentData;
+class KvxImageData;
 
 /// Where a table stands in the grid of its tab.
 struct KVXEGridConstraints {
@@ -108,11 +112,15 @@ class KVXETable {
   unsigned int getLastRowIDWithoutDefaults() const;
   void setIsEnabled(bool isEnabled);
 
-  /// Engine indices of the rows inserted and removed since the table last went out.
+  /// Engine indices of the rows inserted and removed since the table last went out. What insertRow and
+  /// deleteRow did is kept so that it can be replayed: the removed rows by the indices that they had then, the
+  /// inserted ones by those that they have now.
   void addRowIndices(unsigned int index);
   void deleteRowIndices(unsigned int index);
   const std::set<unsigned int>& getAddedRowIndices() const { return m_addedRowIndices; }
   const std::set<unsigned int>& getDeletedRowIndices() const { return m_deletedRowIndices; }
+  /// The front end knows the rows as they are.
+  void clearRowIndices();
 
   // Screen.
 
@@ -125,9 +133,11 @@ class KVXETable {
   /// Rebuilds the mapping and the row numbers.
   void populateIndexMapping();
   void fillRowIDs();
+  /// Rebuilds the mapping of a table that has rows for some viewers only: the viewer changed.
+  void refreshForViewer();
 
   KVXEEnums::Visibility getVisibility() const { return m_visibility; }
-  void setVisibility(KVXEEnums::Visibility visibility) { m_visibility = visibility; }
+  void setVisibility(KVXEEnums::Visibility visibility);
   const boost::optional<std::string>& getTabWidgetTitle() const { return m_tabWidgetTitle; }
   /// The sub-tab in which the table stands.
   void setTabWidgetTitle(const std::string& title);
@@ -166,8 +176,22 @@ class KVXETable {
   bool lookup(const std::string& key, const KVXETitle* from, const KVXETitle* to, std::vector<KVXECell*>& out,
               bool useRegex, bool stopAtFirst);
 
+  // What goes out to the front end; false for a null message.
+
+  /// The table's place on its tab, with the table itself.
+  virtual bool populate(KvxGridComponentData* component);
+  /// The table, unless it has no rows or no columns.
+  bool populate(GenericTreeTablesData* tables);
+  bool populate(GenericTreeTableData* data);
+  /// Only an image is one: false for any other table.
+  virtual bool populate(KvxImageData* image);
+
   /// The first breach of the table's invariants in words, or an empty text.
   std::string checkInvariants() const;
+
+ protected:
+  /// The part of a component that all kinds have: where it stands.
+  void populatePlace(KvxGridComponentData* component) const;
 
  private:
   friend class KVXETab;
@@ -179,6 +203,9 @@ class KVXETable {
   void markFirstRowDirty(unsigned int firstColumn);
   void detachFromGraphAndMessages(KVXERow* row);
   void refreshScreenNumbers();
+  void requestRedrawUnlessPlain();
+  void recordInsertion(unsigned int index);
+  void recordDeletion(unsigned int index);
 
   KVXEGridConstraints m_gridConstraints;
   std::unique_ptr<KVXEMsg> m_msg;

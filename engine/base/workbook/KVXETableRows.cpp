@@ -5,6 +5,7 @@
 #include <regex>
 
 #include "engine/base/calculation/KVXECalculationMgr.h"
+#include "engine/base/workbook/KVXECellStateMgr.h"
 #include "engine/base/workbook/KVXEHeaderRow.h"
 #include "engine/base/workbook/KVXERow.h"
 #include "engine/base/workbook/KVXETab.h"
@@ -77,8 +78,8 @@ KVXERow* KVXETable::insertRow(unsigned int index) {
     KVXECalculationMgr::getGlobal().addVertex(cell);
   }
   renumberRowsFrom(index + 1);
-  addRowIndices(index);
   refreshScreenNumbers();
+  recordInsertion(index);
   return row;
 }
 
@@ -112,8 +113,8 @@ bool KVXETable::deleteRow(unsigned int index) {
   delete row;
   renumberRowsFrom(index);
   markFirstRowDirty(0);
-  deleteRowIndices(index);
   refreshScreenNumbers();
+  recordDeletion(index);
   return true;
 }
 
@@ -150,6 +151,54 @@ void KVXETable::addRowIndices(unsigned int index) {
 void KVXETable::deleteRowIndices(unsigned int index) {
   m_deletedRowIndices.insert(index);
   m_addedRowIndices.erase(index);
+}
+
+void KVXETable::clearRowIndices() {
+  m_addedRowIndices.clear();
+  m_deletedRowIndices.clear();
+}
+
+namespace {
+
+/// The indices of what stands at or behind `index` move by `step`.
+void shiftFrom(std::set<unsigned int>& indices, unsigned int index, int step) {
+  std::set<unsigned int> shifted;
+  for (const unsigned int i : indices) shifted.insert(i < index ? i : i + static_cast<unsigned int>(step));
+  indices = std::move(shifted);
+}
+
+/// The index that a row had before any of the changes; it is none of the added ones.
+unsigned int indexBefore(unsigned int index, const std::set<unsigned int>& added,
+                         const std::set<unsigned int>& deleted) {
+  const auto addedBelow = std::distance(added.begin(), added.lower_bound(index));
+  unsigned int before = index - static_cast<unsigned int>(addedBelow);
+  for (const unsigned int i : deleted) {
+    if (i > before) break;
+    ++before;
+  }
+  return before;
+}
+
+}  // namespace
+
+/// Rows that come and go in a table that does not show all its rows, or that leave it empty, change more than
+/// a list of indices can say.
+void KVXETable::requestRedrawUnlessPlain() {
+  const bool showsAll = m_guiToEngine.empty() || m_guiToEngine.size() + 1 >= m_rows.size();
+  if (!showsAll || m_rows.size() < 2) KVXECellStateMgr::getGlobal().requestGuiRedraw();
+}
+
+void KVXETable::recordInsertion(unsigned int index) {
+  shiftFrom(m_addedRowIndices, index, 1);
+  m_addedRowIndices.insert(index);
+  requestRedrawUnlessPlain();
+}
+
+void KVXETable::recordDeletion(unsigned int index) {
+  if (m_addedRowIndices.erase(index) == 0)
+    m_deletedRowIndices.insert(indexBefore(index, m_addedRowIndices, m_deletedRowIndices));
+  shiftFrom(m_addedRowIndices, index, -1);
+  requestRedrawUnlessPlain();
 }
 
 // Lookup.

@@ -5,24 +5,24 @@
 #include <iostream>
 
 #include "engine/base/calculation/KVXECalculationMgr.h"
+#include "engine/base/workbook/KVXECellStateMgr.h"
 #include "engine/base/workbook/KVXEHeaderRow.h"
 #include "models/common/KVXMHelperUtils.h"
 
 using KVXEEnums::CellState;
 using KVXEEnums::CellType;
 
-namespace {
-
-void report(KVXECalculationMgr::NodeAction action, KVXECell* cell) {
-  KVXECalculationMgr::getGlobal().registerAction(action, cell);
-}
-
-/// Truncation toward zero that has a result for every float: the nearest int beyond the range, 0 for NaN.
-int truncated(float value) {
+int kvxeTruncated(float value) {
   if (std::isnan(value)) return 0;
   if (value >= 2147483648.0f) return std::numeric_limits<int>::max();
   if (value <= -2147483648.0f) return std::numeric_limits<int>::min();
   return static_cast<int>(value);
+}
+
+namespace {
+
+void report(KVXECalculationMgr::NodeAction action, KVXECell* cell) {
+  KVXECalculationMgr::getGlobal().registerAction(action, cell);
 }
 
 /// The value in another of the three types.
@@ -33,7 +33,7 @@ To convert(const From& value) {
   } else if constexpr (std::is_same_v<To, std::string>) {
     return KVXMHelperUtils::ToString(value);
   } else if constexpr (std::is_same_v<From, float>) {
-    return truncated(value);
+    return kvxeTruncated(value);
   } else if constexpr (std::is_same_v<From, int>) {
     return static_cast<To>(value);
   } else if constexpr (std::is_same_v<To, int>) {
@@ -48,13 +48,27 @@ const KVXEMsg& invalidEntryMsg() {
   return msg;
 }
 
+const KVXEMsg& outOfRangeMsg() {
+  static const KVXEMsg msg(KvxSeverity::ERROR, "The value lies outside the range of the cell.");
+  return msg;
+}
+
+template <class T>
+bool isWithin(const T& value, const std::pair<T, T>& range) {
+  return (range.first == kvxeBlank<T> || value >= range.first) &&
+         (range.second == kvxeBlank<T> || value <= range.second);
+}
+
 }  // namespace
 
 template <class T>
 template <class U>
 void KVXETemplateCell<T>::store(const U& value) {
   report(KVXECalculationMgr::WRITE_VAL, this);
-  m_val = convert<T>(value);
+  T converted = convert<T>(value);
+  if (converted == m_val) return;
+  m_val = std::move(converted);
+  noteLookChanged();
 }
 
 template <class T>
@@ -98,7 +112,12 @@ void KVXETemplateCell<T>::storeList(const std::vector<U>& values) {
   auto list = std::make_shared<std::vector<T>>();
   list->reserve(values.size());
   for (const U& value : values) list->push_back(convert<T>(value));
-  m_ddVals = list->empty() ? nullptr : std::move(list);
+  if (list->empty()) list.reset();
+  const bool isSame = list && m_ddVals ? *list == *m_ddVals : list == m_ddVals;
+  if (!isSame) {
+    m_ddVals = std::move(list);
+    noteLookChanged();
+  }
   markEngineClean();
 }
 
@@ -123,7 +142,9 @@ void KVXETemplateCell<T>::storeRange(const std::pair<U, U>& range) {
   const auto bound = [](const U& value) { return value == kvxeBlank<U> ? kvxeBlank<T> : convert<T>(value); };
   const std::pair<T, T> converted{bound(range.first), bound(range.second)};
   const bool isNone = converted.first == kvxeBlank<T> && converted.second == kvxeBlank<T>;
+  if (m_range ? *m_range == converted : isNone) return;
   m_range = isNone ? nullptr : std::make_shared<const std::pair<T, T>>(converted);
+  noteLookChanged();
 }
 
 template <class T>
@@ -187,7 +208,7 @@ void KVXETemplateCell<T>::unitAdjustment(int& value, bool toDisplay) {
   float exact = static_cast<float>(value);
   unitAdjustment(exact, toDisplay);
   // Leaves a value that the unit does not touch as it is: a float holds 24 bits of it.
-  if (exact != static_cast<float>(value)) value = truncated(exact);
+  if (exact != static_cast<float>(value)) value = kvxeTruncated(exact);
 }
 
 template <class T>
@@ -234,6 +255,16 @@ void KVXETemplateCell<T>::addDDErrorMsgIfApplicable() {
 }
 
 template <class T>
+void KVXETemplateCell<T>::addRangeErrorMsgIfApplicable() {
+  const bool isWrong = getIsEditable() && !isBlank() && !isWithin(m_val, getRange());
+  if (isWrong && getSeverity() != KvxSeverity::ERROR) {
+    setMsg(outOfRangeMsg().getSeverity(), outOfRangeMsg().getDisplayText());
+  } else if (!isWrong && getMsg() && *getMsg() == outOfRangeMsg()) {
+    clearMsg();
+  }
+}
+
+template <class T>
 void KVXETemplateCell<T>::copyAssignElements(KVXECell* target) const {
   auto* typed = dynamic_cast<KVXETemplateCell*>(target);
   if (!typed || !typed->getRow()) return KVXECell::copyAssignElements(nullptr);
@@ -259,6 +290,12 @@ template class KVXETemplateCell<int>;
 template class KVXETemplateCell<float>;
 template class KVXETemplateCell<std::string>;
 
+void KVXEHeaderCell::setVisibility(KVXEEnums::Visibility visibility) {
+  if (visibility == m_visibility) return;
+  m_visibility = visibility;
+  KVXECellStateMgr::getGlobal().requestGuiRedraw();
+}
+
 void KVXEHeaderCell::copyAssignElements(KVXECell* target) const {
   auto* header = dynamic_cast<KVXEHeaderCell*>(target);
   if (!header) {
@@ -272,6 +309,34 @@ void KVXEHeaderCell::copyAssignElements(KVXECell* target) const {
 
 KVXECell* KVXEHeaderCell::getDefaultCell() const {
   return getRow() ? getRow()->getChild((getColumnIndex() - 1) & ~1u) : nullptr;
+}
+
+namespace {
+
+template <class T>
+std::vector<std::string> shownList(KVXETemplateCell<T>& cell) {
+  std::vector<std::string> shown;
+  for (T entry : cell.getDDVals()) {
+    cell.unitAdjustment(entry, true);
+    shown.push_back(convert<std::string>(entry));
+  }
+  return shown;
+}
+
+}  // namespace
+
+std::vector<std::string> KVXEHeaderCell::getShownColumnList() const {
+  KVXECell* cell = m_isDropdownColumn ? getDefaultCell() : nullptr;
+  switch (cell ? cell->getCellType() : CellType::NumItems) {
+    case CellType::FLOAT:
+      return shownList(static_cast<KVXEFloatCell&>(*cell));
+    case CellType::INT:
+      return shownList(static_cast<KVXEIntCell&>(*cell));
+    case CellType::STRING:
+      return shownList(static_cast<KVXEStringCell&>(*cell));
+    default:
+      return {};
+  }
 }
 
 int KVXEHeaderCell::getPBColumnClass() const {

@@ -4,6 +4,8 @@
 
 #include "engine/base/workbook/KVXECell.h"
 
+class GenericTreeTableColumnData;
+
 /// The value that stands for a blank cell of each type.
 template <class T>
 inline const T kvxeBlank{};
@@ -11,6 +13,9 @@ template <>
 inline constexpr int kvxeBlank<int> = 0x7FFFFFFE;
 template <>
 inline constexpr float kvxeBlank<float> = std::numeric_limits<float>::max();
+
+/// Truncation toward zero that has a result for every float: the nearest int beyond the range, 0 for NaN.
+int kvxeTruncated(float value);
 
 /// The typed half of a cell: value, range and drop-down list of one type, and the conversions from the
 /// others.
@@ -43,6 +48,7 @@ class KVXETemplateCell : public KVXECell {
   void unitAdjustment(std::string& value, bool toDisplay) override;
   bool getDDVals(std::vector<std::string>& values) override;
   void addDDErrorMsgIfApplicable() override;
+  void addRangeErrorMsgIfApplicable() override;
 
   /// The drop-down entries: the cell's own, or those of its column's default cell.
   virtual const std::vector<T>& getDDVals() const;
@@ -55,7 +61,15 @@ class KVXETemplateCell : public KVXECell {
   const T& readVal(bool evaluateIfDirty);
   /// The stored value, without a report: for what keeps the cells, not for formulas.
   const T& peekVal() const { return m_val; }
+  /// Whether the cell has a list that is not its column's.
+  bool hasOwnDDVals() const { return m_ddVals != nullptr; }
   bool isBlank() const { return m_val == kvxeBlank<T>; }
+
+ protected:
+  /// Replaces the cell's own list, unseen by the calculation.
+  void replaceOwnDDVals(std::vector<T> values) {
+    m_ddVals = std::make_shared<const std::vector<T>>(std::move(values));
+  }
 
  private:
   // Lists and ranges are the same for a whole column, so cells share them.
@@ -85,18 +99,21 @@ extern template class KVXETemplateCell<std::string>;
 class KVXEIntCell final : public KVXETemplateCell<int> {
  public:
   std::string className() const override { return "KVXEIntCell"; }
+  bool populate(GenericTreeTableCellData* data) override;
   KVXEEnums::CellType getCellType() const override { return KVXEEnums::CellType::INT; }
 };
 
 class KVXEFloatCell final : public KVXETemplateCell<float> {
  public:
   std::string className() const override { return "KVXEFloatCell"; }
+  bool populate(GenericTreeTableCellData* data) override;
   KVXEEnums::CellType getCellType() const override { return KVXEEnums::CellType::FLOAT; }
 };
 
 class KVXEStringCell : public KVXETemplateCell<std::string> {
  public:
   std::string className() const override { return "KVXEStringCell"; }
+  bool populate(GenericTreeTableCellData* data) override;
   KVXEEnums::CellType getCellType() const override { return KVXEEnums::CellType::STRING; }
 };
 
@@ -104,16 +121,21 @@ class KVXEStringCell : public KVXETemplateCell<std::string> {
 class KVXEHeaderCell final : public KVXEStringCell {
  public:
   std::string className() const override { return "KVXEHeaderCell"; }
+  using KVXEStringCell::populate;
+  /// Fills the column of a table that goes out whole.
+  bool populate(GenericTreeTableColumnData* data);
   KVXEEnums::CellType getCellType() const override { return KVXEEnums::CellType::HEADER; }
   void copyAssignElements(KVXECell* target) const override;
 
   bool getIsDropdownColumn() const { return m_isDropdownColumn; }
   void setIsDropdownColumn(bool isDropdown) { m_isDropdownColumn = isDropdown; }
   KVXEEnums::Visibility getVisibility() const { return m_visibility; }
-  void setVisibility(KVXEEnums::Visibility visibility) { m_visibility = visibility; }
+  void setVisibility(KVXEEnums::Visibility visibility);
 
   /// The default cell of this column.
   KVXECell* getDefaultCell() const;
+  /// The list of the column's cells as the screen shows it.
+  std::vector<std::string> getShownColumnList() const;
   /// The class of the column for the front end, from the default cell's type.
   int getPBColumnClass() const;
 

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+class KVXEBook;
+
+/// A real book that is quick to calculate: few rows in the tables that the user edits.
+namespace kvxe::fuzz {
+
+/// Rows that such a table has at first.
+inline constexpr unsigned int StartRows = 3;
+
+/// Makes the book anew, calculated, with the default device and no open project. The front end got nothing so
+/// far.
+void makeSmallBook();
+/// Whether the current book is the one that was made last, and still small.
+bool isSmallBookThere();
+KVXEBook* getSmallBook();
+
+/// The first breach of the invariants of graph, cell states and tables in words, or an empty text.
+std::string findBreach();
+/// Calculates what waits, and tells in words how it differs from a full calculation; empty when it does not.
+std::string findInconsistency();
+
+}  // namespace kvxe::fuzz

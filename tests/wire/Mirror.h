@@ -1,0 +1,52 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+class KvxBookBundleData;
+class KvxBookBundleNodeData;
+class KvxBookPacketData;
+class KvxHandshakeData;
+class KvxTablePacket;
+
+/// A front end's copy of the book, built from a bundle and kept up to date by packets alone.
+class Mirror {
+ public:
+  /// Takes over a reply: its bundle, or its packet.
+  void apply(const KvxHandshakeData& reply);
+
+  /// What is not as in the other copy, line by line; empty when the two are equal. Identifiers of one exchange
+  /// do not count.
+  std::vector<std::string> differencesFrom(const Mirror& other) const;
+
+  /// The cell's value, unit, message and looks in one text; empty when there is none. `row` is that on screen.
+  std::string cell(int tab, int table, int row, int column) const;
+  int rowCount(int tab, int table) const;
+  size_t tabCount() const { return m_tabs.size(); }
+
+ private:
+  struct Column {
+    std::string title;
+    std::vector<std::string> list;
+  };
+  struct Table {
+    int severity = 0;
+    bool showsRowIds = false;
+    std::vector<Column> columns;
+    std::vector<std::vector<std::string>> rows;  // each cell in one text
+  };
+  struct Tab {
+    std::string title, suffix;
+    int severity = 0;
+    std::map<int, Table> tables;
+  };
+
+  void addNode(const KvxBookBundleNodeData& node);
+  void apply(const KvxBookPacketData& packet);
+  static void apply(const KvxTablePacket& packet, Table& table);
+  /// Every look of the copy by the place where it is.
+  std::map<std::string, std::string> describe() const;
+
+  std::map<int, Tab> m_tabs;
+};
