@@ -1,6 +1,8 @@
 // Writes sessions of a well-behaved and of a clumsy front end, from which the fuzzer starts:
 //     kvx_fuzz_seeds DIRECTORY
 
+#include <google/protobuf/stubs/logging.h>
+
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -233,6 +235,7 @@ int main(int argc, char** argv) {
   }
   try {
     std::cout.setstate(std::ios::failbit);
+    google::protobuf::SetLogHandler(nullptr);
     SeedFolder seeds(argv[1]);
     makeSmallBook();
     addTables(seeds);

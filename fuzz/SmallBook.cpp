@@ -55,14 +55,19 @@ KVXEBook* getSmallBook() {
 }
 
 bool isSmallBookThere() {
-  const KVXEBook* book = getSmallBook();
-  if (!book || currentPart() != madePart) return false;
-  bool isSmall = true;
-  forEachTable(*book, [&](const KVXETable& table) {
-    isSmall &=
-        !table.getHasTableEditingFeatures() || (table.getRowCount() > 1 && table.getRowCount() <= MostRows);
+  return getSmallBook() && currentPart() == madePart;
+}
+
+void keepBookSmall() {
+  bool isChanged = false;
+  forEachTable(*getSmallBook(), [&](KVXETable& table) {
+    if (!table.getHasTableEditingFeatures()) return;
+    if (table.getRowCount() > 1 && table.getRowCount() <= MostRows) return;
+    trim(table);
+    table.getOrCreateRow(StartRows);
+    isChanged = true;
   });
-  return isSmall;
+  if (isChanged) KVXECalculationMgr::getGlobal().fullCalculate();
 }
 
 std::string findBreach() {

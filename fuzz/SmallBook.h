@@ -13,8 +13,10 @@ inline constexpr unsigned int StartRows = 3;
 /// Makes the book anew, calculated, with the default device and no open project. The front end got nothing so
 /// far.
 void makeSmallBook();
-/// Whether the current book is the one that was made last, and still small.
+/// Whether the current book is still one of the default device.
 bool isSmallBookThere();
+/// Gives tables that have grown, and those that have lost all rows, a few rows again.
+void keepBookSmall();
 KVXEBook* getSmallBook();
 
 /// The first breach of the invariants of graph, cell states and tables in words, or an empty text.

@@ -5,7 +5,6 @@
 #include <limits>
 
 #include "engine/base/workbook/KVXEBook.h"
-#include "engine/base/workbook/KVXEBookMgr.h"
 #include "engine/base/workbook/KVXEHeaderRow.h"
 #include "engine/base/workbook/KVXETab.h"
 #include "engine/swig/CellEdit.h"
@@ -115,7 +114,7 @@ bool KVXEPBHelper::absorb(const KvxHandshakeData* message) {
 
 bool KVXEPBHelper::absorb(const KvxBookPacketData& packet) {
   if (packet.sections().empty()) return true;
-  const KVXEBook* book = KVXEBookMgr::getGlobal().getCurrentBook();
+  const KVXEBook* book = currentBook();
   if (book) return Absorption(*book).absorb(packet);
   std::cout << "Error: BookNotFound (@Line:" << __LINE__
             << " - bool KVXEPBHelper::absorb(const KvxBookPacketData&))" << '\n';

@@ -24,6 +24,8 @@ class KVXEGuiInterface {
   /// Bytes of the longest request that is taken. A message costs up to 50 times its length once it is parsed,
   /// and no book's edits come near this.
   static constexpr int MaxRequestSize = 8 << 20;
+  /// Beyond this size the memory of a request is given back with the next.
+  static constexpr int LargeRequestSize = 1 << 20;
 
   KVXEGuiInterface();
   /// Ends the part selection with it; a book that is still there stays.
@@ -149,4 +151,5 @@ class KVXEGuiInterface {
   void handleTableEditOperation(bool mockMode);
 
   std::unique_ptr<KvxHandshakeData> m_handshakeData;  // the request, and then its reply
+  bool m_isOversized = false;                         // the last request was large
 };

@@ -23,6 +23,11 @@ KVXEPBHelper::KVXEPBHelper() {
   KVXEViewer::setLevel(m_visibility);
 }
 
+KVXEBook* KVXEPBHelper::currentBook() {
+  const KVXEBookMgr& books = KVXEBookMgr::getGlobal();
+  return books.getBookCount() > 0 ? books.getCurrentBook(KVXEBookMgr::getLastArchName()) : nullptr;
+}
+
 namespace {
 
 void refreshTablesForViewer() {
@@ -64,7 +69,7 @@ bool KVXEPBHelper::populate(KvxStatusData* status) {
   if (!status) return false;
   status->set_isprojectopen(KVXEPrjMgr::getGlobal().isOpen());
   status->set_isprojectsaved(m_projectSaved);
-  const KVXEBook* book = KVXEBookMgr::getGlobal().getCurrentBook();
+  const KVXEBook* book = currentBook();
   if (!book || !book->getTab(TabType::SUMMARY)) return true;
   const KVXEPartSelection* selection = KVXEPartSelection::getGlobal();
   if (!selection) return false;
@@ -74,7 +79,7 @@ bool KVXEPBHelper::populate(KvxStatusData* status) {
 
 bool KVXEPBHelper::populate(KvxSummaryPanelData* panel) {
   if (!panel) return false;
-  const KVXEBook* book = KVXEBookMgr::getGlobal().getCurrentBook();
+  const KVXEBook* book = currentBook();
   KVXETab* console = book ? book->getTab(TabType::SUMMARY_CONSOLE) : nullptr;
   if (!console || !console->getIsEnabled()) return true;
   const bool isComplete = console->populate(panel->mutable_node());

@@ -5,6 +5,7 @@
 
 #include "engine/base/workbook/KVXEEnums.h"
 
+class KVXEBook;
 class KVXETab;
 class KvxBookBundleData;
 class KvxBookPacketData;
@@ -55,6 +56,8 @@ class KVXEPBHelper {
   };
 
   KVXEPBHelper();
+  /// Null before the first project, and after the last.
+  static KVXEBook* currentBook();
   void rememberLooks();
   void addChangedLooks(KvxBookPacketData& packet);
 

@@ -4,7 +4,6 @@
 #include <iostream>
 
 #include "engine/base/workbook/KVXEBook.h"
-#include "engine/base/workbook/KVXEBookMgr.h"
 #include "engine/base/workbook/KVXECellOrder.h"
 #include "engine/base/workbook/KVXECellStateMgr.h"
 #include "engine/base/workbook/KVXEHeaderRow.h"
@@ -229,7 +228,7 @@ void KVXEPBHelper::TabLook::populate(KvxSectionPacket& section) const {
 
 void KVXEPBHelper::rememberLooks() {
   m_sentLooks.clear();
-  const KVXEBook* book = KVXEBookMgr::getGlobal().getCurrentBook();
+  const KVXEBook* book = currentBook();
   for (unsigned int i = 0; book && i < book->getTabCount(); ++i)
     m_sentLooks.push_back(TabLook::of(book->getTab(i)));
 }

@@ -3,7 +3,6 @@
 #include <iostream>
 
 #include "engine/base/workbook/KVXEBook.h"
-#include "engine/base/workbook/KVXEBookMgr.h"
 #include "engine/base/workbook/KVXECellStateMgr.h"
 #include "engine/base/workbook/KVXEImage.h"
 #include "engine/base/workbook/KVXETab.h"
@@ -129,7 +128,7 @@ void clearRowIndices(const KVXEBook& book) {
 bool KVXEPBHelper::populate(KvxBookBundleData* bundle) {
   if (!bundle) return false;
   bundle->Clear();
-  const KVXEBook* book = KVXEBookMgr::getGlobal().getCurrentBook();
+  const KVXEBook* book = currentBook();
   const bool isComplete = !book || TabTree(*book, *bundle).populate();
   if (book) clearRowIndices(*book);
   rememberLooks();

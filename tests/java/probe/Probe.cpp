@@ -46,8 +46,9 @@ bool isShown(const KVXETab* tab) {
 
 bool isShown(KVXETable* table) {
   const auto [rows, columns] = table->getPrintableArea();
-  return table->getPBGridViewType() == KVXEEnums::GridComponentType::TABLE && table->getChartViewKind() != 1 &&
-         KVXEViewer::sees(table->getVisibility()) && rows > 0 && columns > 0;
+  return table->getPBGridViewType() == KVXEEnums::GridComponentType::TABLE &&
+         table->getChartViewKind() != 1 && KVXEViewer::sees(table->getVisibility()) && rows > 0 &&
+         columns > 0;
 }
 
 void append(std::string& text, const std::string& place, KVXETable& table) {

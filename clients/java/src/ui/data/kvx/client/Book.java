@@ -12,8 +12,8 @@ import ui.data.kvx.messages.KvxHandshakeData;
 import ui.data.kvx.messages.KvxSectionPacket;
 
 /**
- * The front end's own copy of the book: made from a bundle, kept up to date by packets. The summary panel is a
- * tab like the others, beside the tree.
+ * The front end's own copy of the book: made from a bundle, kept up to date by packets. The summary panel is
+ * a tab like the others, beside the tree.
  */
 public final class Book {
   private final List<Tab> roots = new ArrayList<>();

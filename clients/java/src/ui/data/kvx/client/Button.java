@@ -4,6 +4,11 @@ import ui.data.kvx.messages.KvxButtonData;
 
 /** A button of a tab; pressing it sends its data back to the engine. */
 public record Button(String id, String text, String toolTip, boolean isEnabled, KvxButtonData data) {
+  /** Pressing it opens a file chooser, and the chosen file is what is sent. */
+  public boolean isFileChooser() {
+    return data.hasGenericFileChooserButton();
+  }
+
   public static Button of(KvxButtonData data) {
     if (data.hasGenericFileChooserButton()) {
       var chooser = data.getGenericFileChooserButton();

@@ -10,9 +10,9 @@ import ui.data.kvx.messages.KvxCellPacket;
 import ui.data.kvx.messages.StringPacket;
 
 /**
- * A cell as the screen shows it. The value is a String, an Integer, a Float, or null for a blank cell; the list
- * is that of the cell alone, empty when its column's list serves it; the bounds are null where there are none.
- * What identifies a cell in one exchange is no part of it.
+ * A cell as the screen shows it. The value is a String, an Integer, a Float, or null for a blank cell; the
+ * list is that of the cell alone, empty when its column's list serves it; the bounds are null where there are
+ * none. What identifies a cell in one exchange is no part of it.
  */
 public record Cell(
     Object value, String unit, String message, int foreground, int background, boolean isEditable,

@@ -41,7 +41,7 @@ public final class Engine implements AutoCloseable {
         handle, request, request.length, false, dumpJson, view == View.INTERNAL, view == View.DEVELOPER);
     byte[] reply = new byte[size];
     if (size > 0 && !kvxi.KVXEGuiInterface_getKvxHandshakeDataByteArray(handle, reply, size)) {
-      throw new IllegalStateException("The engine's reply does not fit in the " + size + " bytes it asked for");
+      throw new IllegalStateException("The engine's reply does not fit in the " + size + " bytes it named");
     }
     return reply;
   }

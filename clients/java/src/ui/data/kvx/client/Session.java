@@ -119,6 +119,14 @@ public final class Session implements AutoCloseable {
     return exchange(request.build());
   }
 
+  /** Exports to the file that was chosen behind a file chooser button. */
+  public KvxHandshakeData export(Button button, String path) {
+    KvxHandshakeData.Builder request = request(OperationType.EXPORT_FILE);
+    add(request, ArgumentType.FILE_CHOOSER_UID, button.id());
+    add(request, ArgumentType.CHOSEN_FILE_PATH, path);
+    return exchange(request.build());
+  }
+
   /** Looks as somebody else; the reply has the whole book. */
   public KvxHandshakeData look(View newView) {
     view = newView;
@@ -159,10 +167,12 @@ public final class Session implements AutoCloseable {
 
   private KvxHandshakeData send(OperationType type, String path) {
     KvxHandshakeData.Builder request = request(type);
-    if (path != null) {
-      request.getOperationBuilder().addArgumentsBuilder().setType(ArgumentType.PROJECT_PATH).setValue(path);
-    }
+    if (path != null) add(request, ArgumentType.PROJECT_PATH, path);
     return exchange(request.build());
+  }
+
+  private static void add(KvxHandshakeData.Builder request, ArgumentType type, String value) {
+    request.getOperationBuilder().addArgumentsBuilder().setType(type).setValue(value);
   }
 
   private static KvxHandshakeData.Builder request(OperationType type) {

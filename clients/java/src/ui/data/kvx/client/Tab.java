@@ -26,7 +26,8 @@ public final class Tab {
 
   /** A tab of a bundle. */
   Tab(KvxBookBundleNodeData node) {
-    frame = node.toBuilder().clearChildren().clearButtons().clearGridContent().clearSuffix().clearSeverity().build();
+    frame = node.toBuilder()
+        .clearChildren().clearButtons().clearGridContent().clearSuffix().clearSeverity().build();
     suffix = node.getSuffix();
     severity = node.getSeverity();
     for (KvxBookBundleNodeData child : node.getChildrenList()) children.add(new Tab(child));

@@ -18,7 +18,8 @@ public final class Values {
     if (!(value instanceof Float number)) return String.valueOf(value);
     if (number.isNaN() || number.isInfinite()) return number.toString();
     BigDecimal rounded = new BigDecimal(number.toString()).round(READABLE).stripTrailingZeros();
-    return rounded.precision() - rounded.scale() > 9 || rounded.scale() > 9 ? rounded.toString() : rounded.toPlainString();
+    boolean isHuge = rounded.precision() - rounded.scale() > 9;
+    return isHuge || rounded.scale() > 9 ? rounded.toString() : rounded.toPlainString();
   }
 
   /** The value that a column of that kind takes from a text; throws NumberFormatException. */

@@ -5,6 +5,7 @@ import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Locale;
 import java.util.Map;
+import ui.data.kvx.client.Button;
 import ui.data.kvx.client.DropDown;
 import ui.data.kvx.client.Names;
 import ui.data.kvx.client.Session;
@@ -89,8 +90,8 @@ final class Commands {
     addRows("paste", "ROWS TARGET", TableOperation.PASTE, "copy rows over those from TARGET on");
     addRows("fill", "ROWS", TableOperation.FILL_DOWN, "copy the first row over the others");
     addRows("clear", "ROWS", TableOperation.CLEAR, "set rows to what new rows hold");
-    add("press", "BUTTON", 1, 1, "press a button, by its text or identifier",
-        words -> print(session.press(Finder.button(session.book(), words.get(0)))));
+    add("press", "BUTTON [FILE]", 1, 2, "press a button, by its text or identifier; one may want a file",
+        this::press);
     add("refresh", "", 0, 0, "calculate everything anew", words -> print(session.refresh()));
     add("random", "COUNT SEED", 2, 2, "do COUNT random things to the book, then check", this::random);
   }
@@ -127,7 +128,8 @@ final class Commands {
       String[] pair = pair(word);
       List<DropDown> dropDowns = session.engine().dropDowns();
       DropDown dropDown = dropDowns.stream().filter(each -> Names.same(each.name(), pair[0])).findFirst()
-          .orElseThrow(() -> Finder.unknown("drop-down", pair[0], dropDowns.stream().map(DropDown::name).toList()));
+          .orElseThrow(() -> Finder.unknown(
+              "drop-down", pair[0], dropDowns.stream().map(DropDown::name).toList()));
       String value = Finder.choice(dropDown.name(), dropDown.values(), pair[1]);
       session.engine().setDropDown(dropDown.index(), value);
     }
@@ -157,6 +159,18 @@ final class Commands {
     print(session.edit(tab, table, Finder.row(table, words.get(2)), edits));
   }
 
+  private void press(List<String> words) {
+    Button button = Finder.button(session.book(), words.get(0));
+    boolean hasFile = words.size() == 2;
+    if (button.isFileChooser() && !hasFile) {
+      throw new ScriptException("the button " + button.text() + " wants a file", "write: press BUTTON FILE");
+    }
+    if (!button.isFileChooser() && hasFile) {
+      throw new ScriptException("the button " + button.text() + " takes no file", "write: press BUTTON");
+    }
+    print(hasFile ? session.export(button, words.get(1)) : session.press(button));
+  }
+
   private void rows(TableOperation operation, List<String> words) {
     Tab tab = Finder.tab(session.book(), words.get(0));
     Table table = Finder.table(tab, words.get(1));
@@ -164,7 +178,8 @@ final class Commands {
     int target = operation == TableOperation.PASTE ? Finder.row(table, words.get(3)) : rows.get(0);
     if (!table.hasTableEditingFeatures()
         || !session.engine().can(operation, tab.index(), table.index(), rows, target)) {
-      throw new ScriptException("the menu of " + Names.text(table.title()) + " does not offer that for rows " + words.get(2),
+      throw new ScriptException(
+          "the menu of " + Names.text(table.title()) + " does not offer that for rows " + words.get(2),
           "choose a table with rows of the user's own, and rows that leave one");
     }
     String mistake = session.engine().perform(operation, tab.index(), table.index(), rows, target);
@@ -212,7 +227,10 @@ final class Commands {
 
   private static String[] pair(String word) {
     int at = word.indexOf('=');
-    if (at < 1) throw new ScriptException("\"" + word + "\" is no NAME=VALUE", "write one, quoted as a whole if it has blanks");
+    if (at < 1) {
+      throw new ScriptException(
+          "\"" + word + "\" is no NAME=VALUE", "write one, quoted as a whole if it has blanks");
+    }
     return new String[] {word.substring(0, at), word.substring(at + 1)};
   }
 }

@@ -78,12 +78,13 @@ public final class Drive {
   }
 
   private static void help(PrintStream out) {
-    out.println("kvx-drive [SCRIPT]: plays a front end's session, line by line, from a file or standard input.");
-    out.println();
-    out.println("Words with blanks stand in double quotes, \"#\" begins a comment. Tabs, tables and columns go by");
-    out.println("tag or title, rows by number or by the text of their first cell. Exit status: 0 good, 1 a check");
-    out.println("failed, 2 the script is wrong.");
-    out.println();
+    out.println("""
+        kvx-drive [SCRIPT]: plays a front end's session, line by line, from a file or standard input.
+
+        Words with blanks stand in double quotes, "#" begins a comment. Tabs, tables and columns go by
+        tag or title, rows by number or by the text of their first cell. Exit status: 0 good, 1 a check
+        failed, 2 the script is wrong.
+        """);
     new Commands(null, null).help().forEach(out::println);
   }
 }

@@ -16,11 +16,14 @@ import ui.data.kvx.client.Values;
 
 /** Finds what a script names, and says what there is when it finds nothing. */
 final class Finder {
+  private static final int MOST_NAMES = 20;
+
   private Finder() {}
 
   static Tab tab(Book book, String name) {
     if (book.tabs().isEmpty()) throw new ScriptException("there is no book yet", "create a project first");
-    return book.tab(name).orElseThrow(() -> unknown("tab", name, book.tabs().stream().map(Tab::type).toList()));
+    List<String> known = book.tabs().stream().map(Tab::type).toList();
+    return book.tab(name).orElseThrow(() -> unknown("tab", name, known));
   }
 
   static Table table(Tab tab, String name) {
@@ -103,9 +106,10 @@ final class Finder {
   }
 
   static ScriptException unknown(String what, String name, List<String> known) {
-    String list = known.stream().limit(20).map(Names::text).collect(Collectors.joining(", "));
-    String more = known.size() > 20 ? ", ..." : "";
-    String remedy = known.isEmpty() ? "there is none" : "there is: " + list + more;
+    List<String> names = known.stream().map(Names::text).distinct().toList();
+    String list = names.stream().limit(MOST_NAMES).collect(Collectors.joining(", "));
+    String more = names.size() > MOST_NAMES ? ", ..." : "";
+    String remedy = names.isEmpty() ? "there is none" : "there is: " + list + more;
     return new ScriptException("no " + what + " \"" + name + "\"", remedy);
   }
 }

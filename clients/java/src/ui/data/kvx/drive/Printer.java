@@ -105,7 +105,8 @@ final class Printer {
       isFirst = false;
       table(table);
     }
-    if (isFirst) out.println(tab.title() + ": " + (tab.placeholder().isEmpty() ? "no tables" : tab.placeholder()));
+    if (!isFirst) return;
+    out.println(tab.title() + ": " + (tab.placeholder().isEmpty() ? "no tables" : tab.placeholder()));
   }
 
   /** The table without the blank rows at its end, and without repeating the last row. */
@@ -123,10 +124,13 @@ final class Printer {
     }
     TextGrid grid = new TextGrid(heads);
     int end = lengthWithoutRepeats(table, shown);
-    for (Row row : table.rows().subList(0, end)) grid.add(shown.stream().map(i -> row.cell(i).text()).toList());
+    for (Row row : table.rows().subList(0, end)) {
+      grid.add(shown.stream().map(i -> row.cell(i).text()).toList());
+    }
     grid.lines(table.hasRowNumbers() ? 2 : 1).forEach(out::println);
     int more = table.rows().size() - end;
-    if (more > 0) out.println("... and " + more + (isBlankAt(table, end, shown) ? " blank rows" : " rows like the last"));
+    String kind = more > 0 && isBlankAt(table, end, shown) ? " blank rows" : " rows like the last";
+    if (more > 0) out.println("... and " + more + kind);
     messages(table, shown, end);
   }
 

@@ -22,7 +22,8 @@ public final class RandomEdits {
   private static final String[] ODD_TEXTS = {
     "", " ", "0", "-3", "1e999", "NaN", "<html>", "clk", "clk_\u03a9", "a\tb\nc", "x".repeat(300)
   };
-  private static final int FEW_ROWS = 12;
+  private static final int FEW_ROWS = 4;
+  private static final int MOST_EDITS = 6;
 
   private final Session session;
   private final Random random;
@@ -39,18 +40,28 @@ public final class RandomEdits {
       return "refresh";
     }
     while (true) {
-      Tab tab = pick(List.copyOf(session.book().tabs()));
-      List<Table> tables = new ArrayList<>();
-      for (Table table : tab.tables()) {
-        if (!table.rows().isEmpty()) tables.add(table);
-      }
-      if (tables.isEmpty()) continue;
-      Table table = pick(tables);
-      if (table.hasTableEditingFeatures() && random.nextInt(4) == 0) return moveRows(tab, table);
-      int row = row(table);
-      List<Integer> columns = editableColumns(table, row);
-      if (!columns.isEmpty()) return edit(tab, table, row, columns);
+      boolean isForRows = random.nextBoolean();
+      List<Place> places = places(isForRows);
+      Place place = pick(places);
+      if (isForRows && random.nextInt(4) == 0) return moveRows(place.tab, place.table);
+      int row = row(place.table);
+      List<Integer> columns = editableColumns(place.table, row);
+      if (!columns.isEmpty()) return edit(place.tab, place.table, row, columns);
     }
+  }
+
+  private record Place(Tab tab, Table table) {}
+
+  /** The tables; or just those with rows of the user's own, which are few, and where most happens. */
+  private List<Place> places(boolean isForRows) {
+    List<Place> places = new ArrayList<>();
+    for (Tab tab : session.book().tabs()) {
+      for (Table table : tab.tables()) {
+        if (table.rows().isEmpty() || isForRows && !table.hasTableEditingFeatures()) continue;
+        places.add(new Place(tab, table));
+      }
+    }
+    return places;
   }
 
   private static List<Integer> editableColumns(Table table, int row) {
@@ -63,7 +74,7 @@ public final class RandomEdits {
 
   private String edit(Tab tab, Table table, int row, List<Integer> columns) {
     List<Session.Edit> edits = new ArrayList<>();
-    for (int i = random.nextInt(3); i >= 0; --i) {
+    for (int i = random.nextInt(MOST_EDITS); i >= 0; --i) {
       int column = pick(columns);
       edits.add(new Session.Edit(column, value(table, row, column)));
     }
@@ -79,7 +90,8 @@ public final class RandomEdits {
     for (int i = 0; i < count && first + i < table.rows().size(); ++i) rows.add(first + i);
     int target = row(table);
     String what = operation + " " + place(tab, table, first) + " " + rows + " " + target;
-    if (!session.engine().can(operation, tab.index(), table.index(), rows, target)) return "not offered: " + what;
+    boolean isOffered = session.engine().can(operation, tab.index(), table.index(), rows, target);
+    if (!isOffered) return "not offered: " + what;
     return what + " " + session.perform(operation, tab, table, rows, target);
   }
 

@@ -27,7 +27,7 @@ import ui.data.kvx.messages.KvxOperationData.OperationType;
 import ui.data.kvx.messages.KvxSectionPacket;
 import ui.data.kvx.messages.KvxTablePacket;
 
-/** Whatever comes through the door is answered by a reply or an exception; the process and the book live on. */
+/** Whatever comes through the door gets a reply or an exception; the process and the book live on. */
 final class AbuseTest {
   private static final int[] ODD_INDICES = {-1, -2, Integer.MIN_VALUE, 499, 65536, Integer.MAX_VALUE};
 
@@ -75,7 +75,7 @@ final class AbuseTest {
     session.closeProject();
   }
 
-  /** Every native method that takes a handle, with none, an invented one, one of another kind and a dead one. */
+  /** Every method that takes a handle, with none, an invented one, one of another kind and a dead one. */
   private void wrongHandles() throws Exception {
     try (StringVector texts = new StringVector()) {
       StringVector dead = new StringVector();
@@ -152,11 +152,13 @@ final class AbuseTest {
         () -> kvxi.KVXEGuiInterface_getGenericTreeTableData(self, 1, 1, null, 1));
     for (int length : new int[] {-1, Integer.MIN_VALUE, 9, Integer.MAX_VALUE}) {
       Check.throwsException(IndexOutOfBoundsException.class, null,
-          () -> kvxi.KVXEGuiInterface_getKvxHandshakeDataSize(self, bytes, length, false, false, true, false));
+          () -> kvxi.KVXEGuiInterface_getKvxHandshakeDataSize(
+              self, bytes, length, false, false, true, false));
       Check.throwsException(IndexOutOfBoundsException.class, null,
           () -> kvxi.KVXEGuiInterface_getKvxHandshakeDataByteArray(self, bytes, length));
       Check.throwsException(IndexOutOfBoundsException.class, null,
-          () -> kvxi.KVXEGuiInterface_getGenericTreeTableData(self, tab.index(), table.index(), bytes, length));
+          () -> kvxi.KVXEGuiInterface_getGenericTreeTableData(
+              self, tab.index(), table.index(), bytes, length));
     }
     Check.throwsException(NullPointerException.class, "null std::string",
         () -> kvxi.KVXEGuiInterface_setDeviceSelectionDropDownCurrentValue(self, 0, null));
@@ -165,7 +167,7 @@ final class AbuseTest {
     Check.throwsException(ui.frmwork.cmd.CommandFailedException.class, null,
         () -> session.engine().handshake(new byte[9 << 20], View.INTERNAL, false));
     session.update();
-    Check.that(!kvxi.KVXEGuiInterface_getKvxHandshakeDataByteArray(self, bytes, 0), "a reply does not fit in nothing");
+    Check.that(!kvxi.KVXEGuiInterface_getKvxHandshakeDataByteArray(self, bytes, 0), "fits in nothing");
     try (IntVector numbers = IntVector.of(List.of(1)); StringVector texts = new StringVector()) {
       for (int index : new int[] {-1, 1, Integer.MAX_VALUE}) {
         Check.throwsException(IndexOutOfBoundsException.class, null,
@@ -208,7 +210,7 @@ final class AbuseTest {
     for (int column = -1; column <= table.columns().size(); ++column) {
       for (int row : new int[] {-1, 0, 1, 499, 100_000}) {
         for (Object value : new Object[] {null, Float.NaN, Float.POSITIVE_INFINITY, -Float.MAX_VALUE, 0f,
-            Integer.MIN_VALUE, Integer.MAX_VALUE, "", "text", "\0", "a\uD800b"}) {
+            Integer.MIN_VALUE, Integer.MAX_VALUE, "", "text", "\0", "\u03a9"}) {
           for (ValueKind kind : ValueKind.values()) {
             boolean isNumber = value instanceof Number;
             if (kind != ValueKind.STRING && value != null && !isNumber) continue;
@@ -255,7 +257,9 @@ final class AbuseTest {
     for (int length = 0; length < edit.length; ++length) send(java.util.Arrays.copyOf(edit, length));
     for (int i = 0; i < 2000; ++i) {
       byte[] bytes = edit.clone();
-      for (int j = random.nextInt(3); j >= 0; --j) bytes[random.nextInt(bytes.length)] = (byte) random.nextInt(256);
+      for (int j = random.nextInt(3); j >= 0; --j) {
+        bytes[random.nextInt(bytes.length)] = (byte) random.nextInt(256);
+      }
       send(bytes);
     }
     send(nested(90));
@@ -279,12 +283,15 @@ final class AbuseTest {
   private static byte[] nested(int depth) {
     ByteString bytes = ByteString.EMPTY;
     for (int i = 0; i < depth; ++i) {
-      int field = i % 2 == 0 ? GenericGridPanel.COMPONENTS_FIELD_NUMBER : GenericGuiComponent.GRIDPANEL_FIELD_NUMBER;
-      bytes = wrapped(field, bytes);
+      boolean isPanel = i % 2 == 0;
+      bytes = wrapped(
+          isPanel ? GenericGridPanel.COMPONENTS_FIELD_NUMBER : GenericGuiComponent.GRIDPANEL_FIELD_NUMBER,
+          bytes);
     }
-    ByteString dialog = wrapped(KvxHandshakeData.GENERICDIALOGPACKET_FIELD_NUMBER, wrapped(1, wrapped(1, bytes)));
-    ByteString operation = request(OperationType.DIALOG_PACKET, KvxBookPacketData.getDefaultInstance()).toByteString();
-    return operation.concat(dialog).toByteArray();
+    KvxHandshakeData operation = request(OperationType.DIALOG_PACKET, KvxBookPacketData.getDefaultInstance());
+    return operation.toByteString()
+        .concat(wrapped(KvxHandshakeData.GENERICDIALOGPACKET_FIELD_NUMBER, wrapped(1, wrapped(1, bytes))))
+        .toByteArray();
   }
 
   private static ByteString wrapped(int field, ByteString content) {

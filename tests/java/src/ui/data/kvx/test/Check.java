@@ -37,7 +37,7 @@ final class Check {
       if (message != null) same(message, thrown.getMessage(), "text of " + type.getSimpleName());
       return;
     }
-    throw new AssertionError("expected " + type.getSimpleName() + (message == null ? "" : " \"" + message + "\""));
+    throw new AssertionError("expected " + type.getSimpleName() + ", message " + message);
   }
 
   /** Runs a test program's body and ends the process with its status. */

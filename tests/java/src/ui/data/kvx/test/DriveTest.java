@@ -29,9 +29,11 @@ final class DriveTest {
       new Mistake("blank CLOCK \"Clock Configuration\" one Name", "no row \"one\"; write a whole number"),
       new Mistake("set CLOCK \"Clock Configuration\" 1 Frequency=fast",
           "\"fast\" is no value for Frequency (MHz); write a number (float)"),
-      new Mistake("set CLOCK \"Clock Configuration\" 1 Frequency", "\"Frequency\" is no NAME=VALUE; write one"),
+      new Mistake("set CLOCK \"Clock Configuration\" 1 Frequency",
+          "\"Frequency\" is no NAME=VALUE; write one"),
       new Mistake("delete CLOCK \"Clock Configuration\" 1-500",
           "the menu of Clock Settings does not offer that for rows 1-500; choose a table"),
+      new Mistake("press \"Export ZCF\"", "the button Export ZCF wants a file; write: press BUTTON FILE"),
       new Mistake("press \"Self Destruct\"", "no button \"Self Destruct\"; there is: "));
 
   private DriveTest() {}
@@ -47,12 +49,15 @@ final class DriveTest {
 
   private static void documentShowsWhatIsPrinted(String launcher, String session, String document)
       throws IOException, InterruptedException {
-    Process process = new ProcessBuilder(launcher, session).redirectError(ProcessBuilder.Redirect.DISCARD).start();
+    ProcessBuilder builder = new ProcessBuilder(launcher, session);
+    builder.redirectError(ProcessBuilder.Redirect.DISCARD);
+    builder.environment().put("LC_ALL", "de_DE.UTF-8");  // a comma in numbers would show
+    Process process = builder.start();
     String printed = new String(process.getInputStream().readAllBytes(), StandardCharsets.UTF_8);
     Check.same(0, process.waitFor(), "exit status of the example");
     String text = Files.readString(Path.of(document));
-    Check.same(block(text, "<!-- example -->"), Files.readString(Path.of(session)), "the session in the document");
-    Check.same(block(text, "<!-- output -->"), printed, "the output in the document");
+    Check.same(Files.readString(Path.of(session)), block(text, "<!-- example -->"), "the session");
+    Check.same(printed, block(text, "<!-- output -->"), "the output");
   }
 
   /** The code block behind a comment of the document. */
@@ -85,7 +90,8 @@ final class DriveTest {
     ByteArrayOutputStream out = new ByteArrayOutputStream();
     ByteArrayOutputStream err = new ByteArrayOutputStream();
     int status = Drive.play(new BufferedReader(new StringReader(script)), "script",
-        new PrintStream(out, true, StandardCharsets.UTF_8), new PrintStream(err, true, StandardCharsets.UTF_8));
+        new PrintStream(out, true, StandardCharsets.UTF_8),
+        new PrintStream(err, true, StandardCharsets.UTF_8));
     return new Outcome(status, out.toString(StandardCharsets.UTF_8), err.toString(StandardCharsets.UTF_8));
   }
 }

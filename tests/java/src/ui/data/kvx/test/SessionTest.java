@@ -32,6 +32,7 @@ final class SessionTest {
   private void run() {
     createsProject();
     staysQuietWithoutEdits();
+    listsFollow();
     editsEveryTable();
     editsRows();
     looksAsOthers();
@@ -57,6 +58,19 @@ final class SessionTest {
     alike("update");
   }
 
+  /** A clock's name stands in the lists of other tabs, by way of the heads of their columns. */
+  private void listsFollow() {
+    Tab clocks = session.book().tab("CLOCK").orElseThrow();
+    Table rows = clocks.table("CLOCK_CONFIGURATION").orElseThrow();
+    List<Session.Edit> edits = List.of(
+        new Session.Edit(rows.column("Name").orElseThrow(), "core"),
+        new Session.Edit(rows.column("Frequency").orElseThrow(), 300f));
+    Check.that(session.edit(clocks, rows, 0, edits).hasBookPacket(), "a packet is enough for a clock");
+    Table logic = session.book().tab("LOGIC").orElseThrow().table("LOGIC_CONFIGURATION").orElseThrow();
+    Check.same(List.of("300.000 MHz (core)"), logic.choices(0, logic.column("Clock").orElseThrow()), "clocks");
+    Check.none(session.check(), "a clock");
+  }
+
   private void editsEveryTable() {
     int edited = 0;
     for (Tab each : List.copyOf(session.book().tabs())) {
@@ -66,7 +80,7 @@ final class SessionTest {
     Check.none(session.check(), "edits");
   }
 
-  /** Edits the first row that has editable cells, first one cell, then all. Tables may come and go meanwhile. */
+  /** Edits the first row that has editable cells: one cell, then all. Tables may come and go meanwhile. */
   private int edit(int tabIndex, int tableIndex) {
     Tab tab = session.book().tab(tabIndex);
     Table table = tab == null ? null : tab.table(tableIndex);
@@ -134,7 +148,8 @@ final class SessionTest {
     Check.same(0, session.update().getBookPacket().getSectionsCount(), "sections after the insert went out");
   }
 
-  private KvxHandshakeData operate(TableOperation operation, Tab tab, Table table, List<Integer> rows, int target) {
+  private KvxHandshakeData operate(
+      TableOperation operation, Tab tab, Table table, List<Integer> rows, int target) {
     String what = operation + " " + tab.type() + "/" + table.tag() + " " + rows + " " + target;
     Check.that(session.engine().can(operation, tab.index(), table.index(), rows, target), "offered: " + what);
     Check.same("", session.engine().perform(operation, tab.index(), table.index(), rows, target), what);
@@ -171,7 +186,7 @@ final class SessionTest {
   private void closesAndBeginsAnew() {
     Check.that(!session.closeProject().getStatus().getIsProjectOpen(), "the project is closed");
     alike("close");
-    Check.that(session.createProject("java_test_again.kvx").hasBookBundle(), "the next one comes as a bundle");
+    Check.that(session.createProject("java_test_again.kvx").hasBookBundle(), "the next comes as a bundle");
     alike("the next create");
   }
 
