@@ -101,16 +101,14 @@ class FrontEnd {
     std::string reply(size, '\0');
     if (!m_gui.getKvxHandshakeDataByteArray(data(reply), static_cast<int>(size)))
       stop("The reply does not have the size that was told.", "");
+    // What cannot be read may come back as far as it was read.
     KvxHandshakeData message;
-    if (!message.ParsePartialFromString(reply)) stop("The reply cannot be read.", "");
+    if (message.ParseFromString(request.bytes) && !message.ParseFromString(reply))
+      stop("The reply cannot be read.", "");
   }
 
   void perform(const TableCall& call) {
     std::vector<int> rows = call.rows;
-    const bool isForUser = m_gui.hasTableEditingFeatures(call.tab, call.table);
-    // Formulas keep the rows of the other tables, whose menu is empty, and take them for those of the tab.
-    if (!isForUser && call.kind <= 2) return;
-    m_isComparable &= isForUser || call.kind >= TableCall::MenuQuery;
     switch (call.kind) {
       case 0:
         m_gui.insertTableRow(call.tab, call.table, call.row);

@@ -36,7 +36,8 @@ class Absorption {
 
   bool absorb(const KvxTablePacket& packet) {
     m_tableIndex = packet.tableindex();
-    m_table = packet.has_tableindex() ? m_tab->getTable(static_cast<unsigned int>(packet.tableindex())) : nullptr;
+    m_table =
+        packet.has_tableindex() ? m_tab->getTable(static_cast<unsigned int>(packet.tableindex())) : nullptr;
     if (!m_table) return fail("TableNotFound", __LINE__);
     for (const KvxCellPacket& cell : packet.cells())
       if (!absorb(cell)) return false;
@@ -84,7 +85,8 @@ class Absorption {
   }
 
   bool fail(const char* what, int line) const {
-    std::cout << "Error: " << what << " (@Line:" << line << " - bool KVXEPBHelper::absorb(const KvxBookPacketData&))";
+    std::cout << "Error: " << what << " (@Line:" << line
+              << " - bool KVXEPBHelper::absorb(const KvxBookPacketData&))";
     const char* separator = " ";
     const auto dump = [&separator](const char* name, int value) {
       std::cout << separator << name << " = " << value;

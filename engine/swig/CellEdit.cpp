@@ -89,7 +89,8 @@ void editNumber(KVXECell& cell, T value) {
 }
 
 std::optional<std::string> whyNotText(const std::string& text) {
-  if (text.size() > LongestText) return "a text may have " + KVXMHelperUtils::ToString(int{LongestText}) + " bytes.";
+  if (text.size() > LongestText)
+    return "a text may have " + KVXMHelperUtils::ToString(int{LongestText}) + " bytes.";
   if (!KVXMHelperUtils::isText(text)) return "it holds a control character, or is not UTF-8.";
   return std::nullopt;
 }

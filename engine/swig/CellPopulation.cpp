@@ -37,67 +37,74 @@ void warnOfBlankEntry(const KVXETemplateCell<T>& cell) {
             << article << kindOf<T> << " cell everywhere else.\nCell: " << cell.describe(" -> ") << '\n';
 }
 
-/// Adds the cell's own list to the message in display units, and leaves it so in the cell.
 template <class T>
-std::vector<T> populateOwnList(KVXETemplateCell<T>& cell, GenericTreeTableCellData& data) {
-  std::vector<T> entries = cell.getDDVals();
-  for (T& entry : entries) {
-    if (entry == kvxeBlank<T>) warnOfBlankEntry(cell);
-    cell.unitAdjustment(entry, true);
-    if constexpr (std::is_same_v<T, float>) {
-      data.add_intdropdown(kvxeTruncated(entry));
-    } else {
-      data.add_intdropdown(entry);
-    }
-  }
-  return entries;
-}
-
-template <class T>
-void warnOfBlankValue(const KVXETemplateCell<T>& cell, bool isBlank) {
-  if (!isBlank || cell.getDDVals().empty()) return;
-  std::cout << "Error: Blank dropdown value is only supported for String type. Trying to set a blank value for "
-               "int drop-down cell: "
-            << cell.describe(" -> ") << '\n';
+void warnOfBlankValue(const KVXETemplateCell<T>& cell) {
+  if (!cell.hasOwnDDVals()) return;
+  std::cout
+      << "Error: Blank dropdown value is only supported for String type. Trying to set a blank value for "
+         "int drop-down cell: "
+      << cell.describe(" -> ") << '\n';
 }
 
 void populateUnit(const KVXECell& cell, GenericTreeTableCellData& data) {
   if (!cell.getUnitSuffix().empty()) data.set_unit(cell.getUnitSuffix());
 }
 
+// The fields of either kind of number.
+// clang-format off
+void setValue(GenericTreeTableCellData& data, int value) { data.set_intvalue(value); }
+void setValue(GenericTreeTableCellData& data, float value) { data.set_floatvalue(value); }
+void setLeast(GenericTreeTableCellData& data, int bound) { data.set_intmin(bound); }
+void setLeast(GenericTreeTableCellData& data, float bound) { data.set_min(bound); }
+void setMost(GenericTreeTableCellData& data, int bound) { data.set_intmax(bound); }
+void setMost(GenericTreeTableCellData& data, float bound) { data.set_max(bound); }
+void addEntry(GenericTreeTableCellData& data, int entry) { data.add_intdropdown(entry); }
+void addEntry(GenericTreeTableCellData& data, float entry) { data.add_intdropdown(kvxeTruncated(entry)); }
+// clang-format on
+
+template <class T>
+void populateValue(KVXETemplateCell<T>& cell, GenericTreeTableCellData& data) {
+  T value{};
+  if (cell.getVal(value, true)) {
+    cell.unitAdjustment(value, true);
+    setValue(data, value);
+    populateUnit(cell, data);
+  } else {
+    warnOfBlankValue(cell);
+  }
+  const auto [least, most] = cell.getRange();
+  if (least != kvxeBlank<T>) setLeast(data, least);
+  if (most != kvxeBlank<T>) setMost(data, most);
+}
+
+/// Adds the cell's own list to the message and returns it, in display units.
+template <class T>
+std::vector<T> populateOwnList(KVXETemplateCell<T>& cell, GenericTreeTableCellData& data) {
+  std::vector<T> entries = cell.getDDVals();
+  for (T& entry : entries) {
+    if (entry == kvxeBlank<T>) warnOfBlankEntry(cell);
+    cell.unitAdjustment(entry, true);
+    addEntry(data, entry);
+  }
+  return entries;
+}
+
 }  // namespace
+
+// A list that went out stays in display units, and goes out once more adjusted the next time: lists of
+// numbers are for cells without a unit, where that makes no difference.
 
 bool KVXEIntCell::populate(GenericTreeTableCellData* data) {
   if (!data) return false;
-  int value = 0;
-  const bool hasValue = getVal(value, true);
-  if (hasValue) {
-    unitAdjustment(value, true);
-    data->set_intvalue(value);
-    populateUnit(*this, *data);
-  }
-  const auto [least, most] = getRange();
-  if (least != kvxeBlank<int>) data->set_intmin(least);
-  if (most != kvxeBlank<int>) data->set_intmax(most);
+  populateValue(*this, *data);
   if (hasOwnDDVals()) replaceOwnDDVals(populateOwnList(*this, *data));
-  warnOfBlankValue(*this, !hasValue);
   return KVXECell::populate(data);
 }
 
 bool KVXEFloatCell::populate(GenericTreeTableCellData* data) {
   if (!data) return false;
-  float value = 0.0f;
-  const bool hasValue = getVal(value, true);
-  if (hasValue) {
-    unitAdjustment(value, true);
-    data->set_floatvalue(value);
-    populateUnit(*this, *data);
-  }
-  const auto [least, most] = getRange();
-  if (least != kvxeBlank<float>) data->set_min(least);
-  if (most != kvxeBlank<float>) data->set_max(most);
+  populateValue(*this, *data);
   if (hasOwnDDVals()) replaceOwnDDVals(populateOwnList(*this, *data));
-  warnOfBlankValue(*this, !hasValue);
   return KVXECell::populate(data);
 }
 

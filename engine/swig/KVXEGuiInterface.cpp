@@ -98,7 +98,8 @@ void KVXEGuiInterface::serveRequest(unsigned char* bytes, int length, bool mockM
                             " at most. Send the changes in several requests.");
   if (!bytes) throw std::invalid_argument("Request without bytes");
   // A cleared message keeps its memory for the next, which after a large request is too much to keep.
-  if (std::exchange(m_isOversized, length > LargeRequestSize)) m_handshakeData = std::make_unique<KvxHandshakeData>();
+  if (std::exchange(m_isOversized, length > LargeRequestSize))
+    m_handshakeData = std::make_unique<KvxHandshakeData>();
   m_handshakeData->Clear();
   m_handshakeData->ParseFromArray(bytes, length);
 

@@ -60,8 +60,8 @@ bool KVXEPBHelper::populate(KvxHandshakeData* message) {
     isComplete &= populate(message->mutable_bookpacket());
   }
   if (const auto [isClean, count] = states.isGuiClean(); !isClean)
-    std::cout << "Error: Gui is not fully up-to-date for " << count
-              << " cells at the end of handshake update" << '\n';
+    std::cout << "Error: Gui is not fully up-to-date for " << count << " cells at the end of handshake update"
+              << '\n';
   return isComplete;
 }
 

@@ -157,32 +157,24 @@ class PacketWriter {
   KvxBookPacketData& m_packet;
   KVXETab* m_tab = nullptr;
   KVXETable* m_table = nullptr;
-  KvxSectionPacket* m_section = nullptr;     // null for a tab that is not sent
-  KvxTablePacket* m_tablePacket = nullptr;   // null for a table that is not sent
+  KvxSectionPacket* m_section = nullptr;    // null for a tab that is not sent
+  KvxTablePacket* m_tablePacket = nullptr;  // null for a table that is not sent
 };
-
-std::string messageOf(const KVXECell& cell) {
-  return cell.getMsg() ? cell.getMsg()->getDisplayText() : std::string();
-}
 
 /// With another list on the head of its column a cell may have become right or wrong: it waits as well.
 void judgeColumn(KVXECell& head) {
   const KVXETable& table = *head.getRow()->getTable();
   const unsigned int column = (head.getColumnIndex() - 1) / 2;
-  for (unsigned int row = 1; row < table.getRowCount(); ++row) {
-    KVXECell* cell = table.getCellAt(row, column);
-    if (!cell) continue;
-    const std::string before = messageOf(*cell);
-    cell->addDDErrorMsgIfApplicable();
-    if (messageOf(*cell) != before) KVXECellStateMgr::getGlobal().markGuiDirty(cell);
-  }
+  for (unsigned int row = 1; row < table.getRowCount(); ++row)
+    if (KVXECell* cell = table.getCellAt(row, column)) cell->addDDErrorMsgIfApplicable();
 }
 
 void judgeColumnsOfWaitingHeads() {
   std::vector<KVXECell*> cells;
   KVXECellStateMgr::getGlobal().getCellsForGuiRefresh(cells);
   for (KVXECell* cell : cells)
-    if (cell->getState() == CellState::HEADER_DIRTY && cell->getCellType() == CellType::HEADER) judgeColumn(*cell);
+    if (cell->getState() == CellState::HEADER_DIRTY && cell->getCellType() == CellType::HEADER)
+      judgeColumn(*cell);
 }
 
 /// The cells that wait, in the order of the book.

@@ -33,7 +33,7 @@ class TableOperations : public TinyBook {
         {.title = &A, .type = CellType::INT, .isEditable = true},
         {.title = &B, .type = CellType::INT, .isEditable = true, .number = 10},
         {.title = &Sum, .type = CellType::INT, .formula = &addUp}};
-    make(columns, 5, true);
+    make(columns, 5, true)->setHasTableEditingFeatures(true);
     for (unsigned int row = 1; row <= 5; ++row) {
       at(row, Name)->setValAndState(std::string(1, static_cast<char>('a' + row - 1)), Dirty);
       at(row, A)->setValAndState(static_cast<int>(row), Dirty);
@@ -133,10 +133,13 @@ std::string failureOf(const char* operation) {
 
 class EachCase : public TableOperations, public ::testing::WithParamInterface<Case> {};
 
+void PrintTo(const Case& c, std::ostream* out) {
+  *out << nameOf(c.operation) << ' ' << ::testing::PrintToString(c.rows) << " at " << c.row;
+}
+
 TEST_P(EachCase, DoesWhatItSaysAndCalculatesAfterASuccess) {
   const Case& c = GetParam();
-  const std::string label = std::string(nameOf(c.operation)) + " " + ::testing::PrintToString(c.rows) +
-                            " at " + std::to_string(c.row);
+  const std::string label = ::testing::PrintToString(c);
   at(1, B)->setValAndState(20, Dirty);
   EXPECT_EQ(perform(c.operation, c.rows, c.row), c.failed ? failureOf(c.failed) : "") << label;
   EXPECT_EQ(names(), c.after) << label;
@@ -153,6 +156,13 @@ TEST_P(EachCase, DoesWhatItSaysAndCalculatesAfterASuccess) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Operations, EachCase, ::testing::ValuesIn(cases));
+
+TEST_F(TableOperations, RowsThatAreNotTheUsersOwnStay) {
+  table->setHasTableEditingFeatures(false);
+  for (const TableOperation operation : {INSERT, DELETE, DUPLICATE, PASTE, FILL_DOWN, CLEAR})
+    EXPECT_EQ(perform(operation, {0, 1}, 0), failureOf(nameOf(operation)));
+  EXPECT_EQ(names(), "abcde");
+}
 
 TEST_F(TableOperations, WithoutATableEachFailsInItsWords) {
   for (const int missing : {-1, 1, Most, Least})
@@ -181,6 +191,7 @@ TEST_F(TableOperations, TheMenuOffersWhatLeavesARow) {
   EXPECT_EQ(offered(1, {0, 1}), "f") << "there is no such table";
   perform(DELETE, {0, 1, 2, 3, 4}, 0);
   EXPECT_EQ(offered(0, {0}), "upc") << "only the header row is left";
+  table->setHasTableEditingFeatures(false);
   EXPECT_FALSE(m_operations.hasTableEditingFeatures(Tab, 0));
   table->setHasTableEditingFeatures(true);
   EXPECT_TRUE(m_operations.hasTableEditingFeatures(Tab, 0));

@@ -31,7 +31,8 @@ TEST_F(Absorb, EveryKindOfValueReachesEveryKindOfCell) {
   EXPECT_EQ(text(2, Name), "0.5");
   EXPECT_EQ(text(2, A), "12");
   EXPECT_EQ(text(2, B), "3");
-  for (const KVXETitle* column : {&Name, &A, &B}) EXPECT_EQ(at(1, *column)->getValueSource(), ValueSource::USER);
+  for (const KVXETitle* column : {&Name, &A, &B})
+    EXPECT_EQ(at(1, *column)->getValueSource(), ValueSource::USER);
 }
 
 TEST_F(Absorb, ACellCanBeNamedByItsNumberAlone) {
@@ -51,8 +52,8 @@ TEST_F(Absorb, MismatchesAreReportedAndEndTheWalk) {
       {"sections { tables { tableIndex: 0 } }", "Error: TabNotFound (@Line:", ") tabIndex = 0\n"},
       {"sections { tabIndex: -3 }", "Error: TabNotFound (@Line:", ") tabIndex = -3\n"},
       {"sections { tabIndex: 2000000000 }", "Error: TabNotFound (@Line:", ") tabIndex = 2000000000\n"},
-      {"sections { tabIndex: 37 tables { tableIndex: 4 } }", "Error: TableNotFound (@Line:",
-       ") tabIndex = 37 , tableIndex = 4\n"},
+      {"sections { tabIndex: 37 tables { tableIndex: 4 } }",
+       "Error: TableNotFound (@Line:", ") tabIndex = 37 , tableIndex = 4\n"},
       {"sections { tabIndex: 37 tables { tableIndex: 0 cells { row: 3 column: 0 intPacket {} } } }",
        "Error: RowNotFound (@Line:", ") tabIndex = 37 , tableIndex = 0 , cp.rowindex() = 3\n"},
       {"sections { tabIndex: 37 tables { tableIndex: 0 cells { row: -1 column: 0 intPacket {} } } }",
@@ -76,8 +77,9 @@ TEST_F(Absorb, MismatchesAreReportedAndEndTheWalk) {
   }
   // What came before the mismatch stays.
   Captured captured;
-  EXPECT_FALSE(absorb("cells { row: 0 column: 1 intPacket { value: 6 } } cells { row: 0 column: 1 }"
-                      "cells { row: 0 column: 1 intPacket { value: 7 } }"));
+  EXPECT_FALSE(
+      absorb("cells { row: 0 column: 1 intPacket { value: 6 } } cells { row: 0 column: 1 }"
+             "cells { row: 0 column: 1 intPacket { value: 7 } }"));
   EXPECT_EQ(text(1, A), "6");
 }
 
@@ -91,8 +93,9 @@ TEST_F(Absorb, HeaderCellsCannotBeNamed) {
 }
 
 TEST_F(Absorb, WhatCannotBeStoredLeavesTheCellWithAMessage) {
-  absorb("cells { row: 0 column: 0 stringPacket { value: 'core' } }"
-         "cells { row: 0 column: 1 intPacket { value: 7 } } cells { row: 0 column: 2 intPacket { value: 2 } }");
+  absorb(
+      "cells { row: 0 column: 0 stringPacket { value: 'core' } }"
+      "cells { row: 0 column: 1 intPacket { value: 7 } } cells { row: 0 column: 2 intPacket { value: 2 } }");
   reply();
   const struct {
     const KVXETitle& column;
@@ -123,13 +126,17 @@ TEST_F(Absorb, WhatCannotBeStoredLeavesTheCellWithAMessage) {
     EXPECT_EQ(text(1, column), before);
     const KvxTablePacket packet = tablePacket();
     ASSERT_EQ(packet.cells_size(), 1) << "the screen gets the old value back";
-    EXPECT_EQ(packet.cells(0).message(), "<html>The entry was not taken over: " + std::string(message) + "</html>");
+    EXPECT_EQ(packet.cells(0).message(),
+              "<html>The entry was not taken over: " + std::string(message) + "</html>");
     EXPECT_EQ(packet.severity(), 3);
   }
   EXPECT_EQ(text(1, Sum), "9");
-  absorb("cells { row: 0 column: 0 stringPacket { value: 'c' } } cells { row: 0 column: 1 intPacket { value: 1 } }"
-         "cells { row: 0 column: 2 floatPacket { } }");
-  for (const KvxCellPacket& cell : tablePacket().cells()) EXPECT_EQ(cell.message(), "") << "the next entry clears it";
+  absorb(
+      "cells { row: 0 column: 0 stringPacket { value: 'c' } } cells { row: 0 column: 1 intPacket { value: 1 "
+      "} }"
+      "cells { row: 0 column: 2 floatPacket { } }");
+  for (const KvxCellPacket& cell : tablePacket().cells())
+    EXPECT_EQ(cell.message(), "") << "the next entry clears it";
 }
 
 TEST_F(Absorb, WhatTheUserMayNotEditStays) {

@@ -33,7 +33,8 @@ struct Look {
     std::string all = value.empty() ? "" : value + (unit.empty() ? "" : " " + unit);
     if (!message.empty()) all += " msg:" + message;
     if (!list.empty()) all += " list:" + list;
-    return all + bounds + " " + ToString(foreground) + "/" + ToString(background) + (isEditable ? " w" : " r");
+    return all + bounds + " " + ToString(foreground) + "/" + ToString(background) +
+           (isEditable ? " w" : " r");
   }
 
  private:
@@ -152,7 +153,8 @@ std::map<std::string, std::string> Mirror::describe() const {
     looks[tab.title] = tab.suffix + " severity " + ToString(tab.severity);
     for (const auto& [number, table] : tab.tables) {
       const std::string place = tab.title + " table " + ToString(number);
-      looks[place] = ToString(static_cast<int>(table.rows.size())) + " rows, severity " + ToString(table.severity);
+      looks[place] =
+          ToString(static_cast<int>(table.rows.size())) + " rows, severity " + ToString(table.severity);
       for (size_t c = 0; c < table.columns.size(); ++c) {
         std::string& head = looks[place + " column " + ToString(static_cast<int>(c))];
         head = table.columns[c].title;

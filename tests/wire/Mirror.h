@@ -16,11 +16,12 @@ class Mirror {
   /// Takes over a reply: its bundle, or its packet.
   void apply(const KvxHandshakeData& reply);
 
-  /// What is not as in the other copy, line by line; empty when the two are equal. Identifiers of one exchange
-  /// do not count.
+  /// What is not as in the other copy, line by line; empty when the two are equal. Identifiers of one
+  /// exchange do not count.
   std::vector<std::string> differencesFrom(const Mirror& other) const;
 
-  /// The cell's value, unit, message and looks in one text; empty when there is none. `row` is that on screen.
+  /// The cell's value, unit, message and looks in one text; empty when there is none. `row` is that on
+  /// screen.
   std::string cell(int tab, int table, int row, int column) const;
   int rowCount(int tab, int table) const;
   size_t tabCount() const { return m_tabs.size(); }

@@ -68,7 +68,8 @@ void fillValue(KvxCellPacket& packet, KVXECell* cell, std::mt19937& random) {
   if (cell->getCellType() == CellType::STRING) {
     std::vector<std::string> entries{"text", "a\xC3\xA4\"<>", ""};
     if (luck > 1 && cell->isInADropdownColumn()) cell->getDDVals(entries);
-    if (luck > 0) packet.mutable_stringpacket()->set_value(entries.empty() ? "?" : entries[random() % entries.size()]);
+    if (luck > 0)
+      packet.mutable_stringpacket()->set_value(entries.empty() ? "?" : entries[random() % entries.size()]);
     packet.mutable_stringpacket();
     return;
   }
@@ -76,7 +77,8 @@ void fillValue(KvxCellPacket& packet, KVXECell* cell, std::mt19937& random) {
   if (cell->getCellType() == CellType::INT) {
     std::vector<std::string> entries;
     const bool hasList = cell->getDDVals(entries);
-    const int number = hasList ? std::stoi(entries[random() % entries.size()]) : static_cast<int>(random() % 300);
+    const int number =
+        hasList ? std::stoi(entries[random() % entries.size()]) : static_cast<int>(random() % 300);
     if (luck > 1) packet.mutable_intpacket()->set_value(luck > 2 ? number : -number);
     packet.mutable_intpacket();
   } else {
@@ -111,11 +113,12 @@ void FrontEnd::editRows() {
   const int count = static_cast<int>(table->getRowCount()) - 1;
   if (count < 5 && operation == TableOperation::DELETE) return;
   std::vector<int> rows;
-  for (unsigned int i = 1 + draw(3); i-- > 0;) rows.push_back(static_cast<int>(draw(static_cast<size_t>(count))));
+  for (unsigned int i = 1 + draw(3); i-- > 0;)
+    rows.push_back(static_cast<int>(draw(static_cast<size_t>(count))));
   const int target = static_cast<int>(draw(static_cast<size_t>(count)));
-  KVXETableOperations::getGlobal().performTableOperation(
-      nullptr, operation, static_cast<int>(table->getTab()->getIndex()), static_cast<int>(table->getIndex()),
-      rows, target);
+  KVXETableOperations::getGlobal().performTableOperation(nullptr, operation,
+                                                         static_cast<int>(table->getTab()->getIndex()),
+                                                         static_cast<int>(table->getIndex()), rows, target);
   KVXECalculationMgr::getGlobal().incrCalculate();
 }
 

@@ -86,7 +86,8 @@ TEST_F(Packet, RowsReplayWhateverTheirOrder) {
     }
     {
       const auto flag = KVXECalculationMgr::getGlobal().getIsGraphStale();
-      flag ? KVXECalculationMgr::getGlobal().fullCalculate() : KVXECalculationMgr::getGlobal().incrCalculate();
+      flag ? KVXECalculationMgr::getGlobal().fullCalculate()
+           : KVXECalculationMgr::getGlobal().incrCalculate();
     }
     expectMirrorHolds();
   }
@@ -101,7 +102,10 @@ TEST_F(Packet, LooksThatChangeWithoutAValueAreSent) {
       {"no message", [](KVXECell* cell) { cell->clearMsg(); }},
       {"read-only", [](KVXECell* cell) { cell->setIsEditable(false); }},
       {"colour", [](KVXECell* cell) { cell->setBackgroundColor(0xABCDEF); }},
-      {"list", [](KVXECell* cell) { cell->setDDValsAndMarkEngineClean(std::vector<std::string>{"x", "z"}); }},
+      {"list",
+       [](KVXECell* cell) {
+         cell->setDDValsAndMarkEngineClean(std::vector<std::string>{"x", "z"});
+       }},
   };
   for (const auto& [what, change] : cases) {
     SCOPED_TRACE(what);

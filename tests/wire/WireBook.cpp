@@ -26,7 +26,12 @@ void WireBook::SetUp() {
       {.title = &A, .type = INT, .isEditable = true, .minimum = 0, .maximum = 100},
       {.title = &B, .type = FLOAT, .isEditable = true, .minimum = 0},
       {.title = &Sum, .type = INT, .formula = &addBlankAsZero},
-      {.title = &Choice, .type = STRING, .isEditable = true, .text = "x", .isDropdown = true, .entries = choices},
+      {.title = &Choice,
+       .type = STRING,
+       .isEditable = true,
+       .text = "x",
+       .isDropdown = true,
+       .entries = choices},
   };
   make(columns, 3);
   KVXECalculationMgr::getGlobal().fullCalculate();
@@ -52,8 +57,8 @@ const KvxTablePacket& WireBook::tablePacket() {
 }
 
 bool WireBook::absorb(const std::string& cells) {
-  const std::string text = "sections { tabIndex: " + std::to_string(SysmonTab) +
-                           " tables { tableIndex: 0 " + cells + " } }";
+  const std::string text =
+      "sections { tabIndex: " + std::to_string(SysmonTab) + " tables { tableIndex: 0 " + cells + " } }";
   const bool isAbsorbed = KVXEPBHelper::getGlobal().absorb(fromText<KvxBookPacketData>(text));
   calculate();
   return isAbsorbed;

@@ -78,8 +78,8 @@ class KVXECell {
   virtual void addDDErrorMsgIfApplicable() = 0;
   /// The same for a value beyond the range, which a formula may have narrowed after the value was entered.
   virtual void addRangeErrorMsgIfApplicable() = 0;
-  /// Fills the cell of a table that goes out whole, after which the front end knows the cell. False for a null
-  /// message.
+  /// Fills the cell of a table that goes out whole, after which the front end knows the cell. False for a
+  /// null message.
   virtual bool populate(GenericTreeTableCellData* data);
 
   KVXERow* getRow() const { return m_row; }

@@ -113,8 +113,8 @@ class KVXETable {
   void setIsEnabled(bool isEnabled);
 
   /// Engine indices of the rows inserted and removed since the table last went out. What insertRow and
-  /// deleteRow did is kept so that it can be replayed: the removed rows by the indices that they had then, the
-  /// inserted ones by those that they have now.
+  /// deleteRow did is kept so that it can be replayed: the removed rows by the indices that they had then,
+  /// the inserted ones by those that they have now.
   void addRowIndices(unsigned int index);
   void deleteRowIndices(unsigned int index);
   const std::set<unsigned int>& getAddedRowIndices() const { return m_addedRowIndices; }

@@ -47,6 +47,13 @@ bool KVXETableOperations::hasTableEditingFeatures(int tab, int table) const {
   return found && found->getHasTableEditingFeatures();
 }
 
+/// The table of an operation of the front end. A table whose rows are the engine's own is none: formulas know
+/// its rows by their places.
+KVXETable* KVXETableOperations::getEditableTable(int tab, int table) const {
+  KVXETable* found = getTablePtr(tab, table);
+  return found && found->getHasTableEditingFeatures() ? found : nullptr;
+}
+
 // What the menu offers.
 
 bool KVXETableOperations::canInsertTableRow(int tab, int table, int) const {
@@ -78,7 +85,7 @@ bool KVXETableOperations::canClearTableRows(int tab, int table, const Rows& rows
 // The operations.
 
 std::string KVXETableOperations::insertTableRow(int tab, int table, int row) {
-  return insertTableRow(getTablePtr(tab, table), row);
+  return insertTableRow(getEditableTable(tab, table), row);
 }
 
 std::string KVXETableOperations::insertTableRow(KVXETable* table, int row) {
@@ -89,7 +96,7 @@ std::string KVXETableOperations::insertTableRow(KVXETable* table, int row) {
 
 std::string KVXETableOperations::deleteTableRows(int tab, int table, Rows& rows) {
   std::sort(rows.begin(), rows.end(), std::greater<>());  // no row moves before its turn
-  return deleteTableRows(getTablePtr(tab, table), rows);
+  return deleteTableRows(getEditableTable(tab, table), rows);
 }
 
 std::string KVXETableOperations::deleteTableRows(KVXETable* table, Rows& rows) {
@@ -102,7 +109,7 @@ std::string KVXETableOperations::deleteTableRows(KVXETable* table, Rows& rows) {
 }
 
 std::string KVXETableOperations::duplicateTableRows(int tab, int table, Rows& rows) {
-  return duplicateTableRows(getTablePtr(tab, table), rows);
+  return duplicateTableRows(getEditableTable(tab, table), rows);
 }
 
 std::string KVXETableOperations::duplicateTableRows(KVXETable* table, Rows& rows) {
@@ -120,7 +127,7 @@ std::string KVXETableOperations::duplicateTableRows(KVXETable* table, Rows& rows
 }
 
 std::string KVXETableOperations::pasteTableRows(int tab, int table, Rows& rows, int destination) {
-  return pasteTableRows(getTablePtr(tab, table), rows, destination);
+  return pasteTableRows(getEditableTable(tab, table), rows, destination);
 }
 
 std::string KVXETableOperations::pasteTableRows(KVXETable* table, Rows& rows, int destination) {
@@ -137,7 +144,7 @@ std::string KVXETableOperations::pasteTableRows(KVXETable* table, Rows& rows, in
 }
 
 std::string KVXETableOperations::fillDownTableRows(int tab, int table, Rows& rows) {
-  return fillDownTableRows(getTablePtr(tab, table), rows);
+  return fillDownTableRows(getEditableTable(tab, table), rows);
 }
 
 std::string KVXETableOperations::fillDownTableRows(KVXETable* table, Rows& rows) {
@@ -148,7 +155,7 @@ std::string KVXETableOperations::fillDownTableRows(KVXETable* table, Rows& rows)
 }
 
 std::string KVXETableOperations::clearTableRows(int tab, int table, Rows& rows) {
-  return clearTableRows(getTablePtr(tab, table), rows);
+  return clearTableRows(getEditableTable(tab, table), rows);
 }
 
 std::string KVXETableOperations::clearTableRows(KVXETable* table, Rows& rows) {

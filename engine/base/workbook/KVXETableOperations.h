@@ -31,10 +31,11 @@ class KVXETableOperations {
   bool canFillDownTableRows(int tab, int table, const Rows& rows) const;
   bool canClearTableRows(int tab, int table, const Rows& rows) const;
 
-  // The operations, by numbers and by table, without a calculation. insertTableRow succeeds whatever the row;
-  // deleteTableRows by numbers sorts `rows` in descending order; duplicates stand behind the selection;
-  // pasteTableRows copies `rows` in their order to the rows from `destination` on; fillDownTableRows copies the
-  // first of `rows` to as many rows right below it as there are others.
+  // The operations, by numbers and by table, without a calculation. By numbers they fail for a table without
+  // editing features. insertTableRow succeeds whatever the row; deleteTableRows by numbers sorts `rows` in
+  // descending order; duplicates stand behind the selection; pasteTableRows copies `rows` in their order to
+  // the rows from `destination` on; fillDownTableRows copies the first of `rows` to as many rows right below
+  // it as there are others.
   std::string insertTableRow(int tab, int table, int row);
   std::string insertTableRow(KVXETable* table, int row);
   std::string deleteTableRows(int tab, int table, Rows& rows);
@@ -79,6 +80,7 @@ class KVXETableOperations {
 
  private:
   KVXETableOperations() = default;
+  KVXETable* getEditableTable(int tab, int table) const;
   std::string run(KVXEEnums::TableOperation operation, int tab, int table, Rows& rows, int row);
 
   bool m_isTableOperationActive = false;

@@ -247,11 +247,15 @@ bool KVXETemplateCell<T>::getDDVals(std::vector<std::string>& values) {
 
 template <class T>
 void KVXETemplateCell<T>::addDDErrorMsgIfApplicable() {
-  if (getMsg() && *getMsg() == invalidEntryMsg()) clearMsg();
-  if (!isInADropdownColumn() || !getIsEditable() || isBlank()) return;
-  const std::vector<T>& values = getDDVals();
-  if (std::find(values.begin(), values.end(), m_val) == values.end())
+  const auto isOffered = [this] {
+    const std::vector<T>& values = getDDVals();
+    return std::find(values.begin(), values.end(), m_val) != values.end();
+  };
+  if (isInADropdownColumn() && getIsEditable() && !isBlank() && !isOffered()) {
     setMsg(invalidEntryMsg().getSeverity(), invalidEntryMsg().getDisplayText());
+  } else if (getMsg() && *getMsg() == invalidEntryMsg()) {
+    clearMsg();
+  }
 }
 
 template <class T>

@@ -143,6 +143,16 @@ public final class Engine implements AutoCloseable {
     }
   }
 
+  /** Whether an edit can be taken back. */
+  public boolean canUndo() {
+    return kvxi.KVXEGuiInterface_canUndoLastEditOperation(handle);
+  }
+
+  /** Whether an edit that was taken back can be done again. */
+  public boolean canRedo() {
+    return kvxi.KVXEGuiInterface_canRedoLastUndo(handle);
+  }
+
   /** One table as it stands now, without a handshake. */
   public GenericTreeTableData table(int tab, int table) {
     byte[] bytes = new byte[kvxi.KVXEGuiInterface_getGenericTreeTableDataSize(handle, tab, table)];

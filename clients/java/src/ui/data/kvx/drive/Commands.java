@@ -92,6 +92,8 @@ final class Commands {
     addRows("clear", "ROWS", TableOperation.CLEAR, "set rows to what new rows hold");
     add("press", "BUTTON [FILE]", 1, 2, "press a button, by its text or identifier; one may want a file",
         this::press);
+    add("undo?", "", 0, 0, "print whether edits can be taken back", words -> printer.line(
+        "undo " + yesOrNo(session.engine().canUndo()) + ", redo " + yesOrNo(session.engine().canRedo())));
     add("refresh", "", 0, 0, "calculate everything anew", words -> print(session.refresh()));
     add("random", "COUNT SEED", 2, 2, "do COUNT random things to the book, then check", this::random);
   }
@@ -110,6 +112,10 @@ final class Commands {
         words -> printer.status(session.status(), session.engine().projectName()));
     add("dump", "on|off", 1, 1, "have requests and replies written as JSON files", this::dump);
     add("check", "", 0, 0, "compare the own copy with the whole book, sent anew", words -> check());
+  }
+
+  private static String yesOrNo(boolean is) {
+    return is ? "yes" : "no";
   }
 
   private void architecture(List<String> words) {

@@ -10,11 +10,12 @@ import java.nio.file.NoSuchFileException;
 import java.nio.file.Path;
 import java.util.List;
 import ui.data.kvx.client.Session;
+import ui.frmwork.cmd.CommandFailedException;
 
 /** The program kvx-drive: plays a front end's session from a script. */
 public final class Drive {
   private static final int GOOD = 0;
-  private static final int CHECK_FAILED = 1;
+  private static final int FAILED = 1;
   private static final int BAD_SCRIPT = 2;
 
   private Drive() {}
@@ -23,7 +24,7 @@ public final class Drive {
    * The engine writes remarks of its own on the process's standard output. The launcher crosses the streams,
    * so that remarks end at the caller's standard error, and says so: results then go to the other side.
    */
-  public static void main(String[] arguments) throws IOException {
+  public static void main(String[] arguments) {
     boolean isCrossed = Boolean.getBoolean("kvx.crossed");
     PrintStream out = new PrintStream(isCrossed ? System.err : System.out, false, StandardCharsets.UTF_8);
     PrintStream err = new PrintStream(isCrossed ? System.out : System.err, true, StandardCharsets.UTF_8);
@@ -32,7 +33,7 @@ public final class Drive {
     System.exit(status);
   }
 
-  private static int run(String[] arguments, PrintStream out, PrintStream err) throws IOException {
+  private static int run(String[] arguments, PrintStream out, PrintStream err) {
     if (arguments.length == 1 && (arguments[0].equals("--help") || arguments[0].equals("-h"))) {
       help(out);
       return GOOD;
@@ -49,6 +50,9 @@ public final class Drive {
       return play(script, name, out, err);
     } catch (NoSuchFileException e) {
       err.println(name + ": no such script; name a file, or nothing for standard input");
+      return BAD_SCRIPT;
+    } catch (IOException e) {
+      err.println(name + ": cannot be read as UTF-8 text: " + e.getMessage() + "; check what it is");
       return BAD_SCRIPT;
     }
   }
@@ -71,9 +75,13 @@ public final class Drive {
           out.flush();
           err.println(name + ":" + number + ": " + e.getMessage());
           return BAD_SCRIPT;
+        } catch (CommandFailedException e) {
+          out.flush();
+          err.println(name + ":" + number + ": the engine failed: " + e.getMessage());
+          return FAILED;
         }
       }
-      return commands.isFailed() ? CHECK_FAILED : GOOD;
+      return commands.isFailed() ? FAILED : GOOD;
     }
   }
 
@@ -83,7 +91,7 @@ public final class Drive {
 
         Words with blanks stand in double quotes, "#" begins a comment. Tabs, tables and columns go by
         tag or title, rows by number or by the text of their first cell. Exit status: 0 good, 1 a check
-        failed, 2 the script is wrong.
+        or the engine failed, 2 the script is wrong.
         """);
     new Commands(null, null).help().forEach(out::println);
   }

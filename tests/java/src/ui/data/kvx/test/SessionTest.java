@@ -67,7 +67,8 @@ final class SessionTest {
         new Session.Edit(rows.column("Frequency").orElseThrow(), 300f));
     Check.that(session.edit(clocks, rows, 0, edits).hasBookPacket(), "a packet is enough for a clock");
     Table logic = session.book().tab("LOGIC").orElseThrow().table("LOGIC_CONFIGURATION").orElseThrow();
-    Check.same(List.of("300.000 MHz (core)"), logic.choices(0, logic.column("Clock").orElseThrow()), "clocks");
+    int clock = logic.column("Clock").orElseThrow();
+    Check.same(List.of("300.000 MHz (core)"), logic.choices(0, clock), "clocks");
     Check.none(session.check(), "a clock");
   }
 
