@@ -11,6 +11,7 @@ namespace {
 using KVXEEnums::CellState;
 using KVXEEnums::Visibility;
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
 class Packet : public WireBook {
@@ -130,6 +131,22 @@ TEST_F(Packet, HeadsCarryTextAndList) {
   EXPECT_EQ(packet.headers(1).column(), ChoiceColumn);
   EXPECT_THAT(packet.headers(1).stringpacket().dropdown(), ElementsAre("x", "y", "z"));
   EXPECT_EQ(packet.cells_size(), 0);
+}
+
+TEST_F(Packet, ANewListOfAColumnJudgesItsCells) {
+  table->setColumnToolTip(&Choice, "Which one.");
+  edit(at(1, Choice), std::string("y"));
+  reply();
+  table->getHeaderRow()->getDefaultCell(&Choice)->setDDValsAndMarkEngineClean(
+      std::vector<std::string>{"y", "z"});
+  const KvxTablePacket packet = tablePacket();
+  ASSERT_EQ(packet.cells_size(), 2) << "the two that have x";
+  EXPECT_EQ(packet.cells(0).row(), 1);
+  EXPECT_THAT(packet.cells(0).message(), HasSubstr("Invalid value selected"));
+  EXPECT_EQ(packet.severity(), 3);
+  EXPECT_EQ(table->getHeaderRow()->getDisplayCell(ChoiceColumn)->getMsg()->getDisplayText(),
+            "<html>Which one.</html>")
+      << "a head is no entry";
 }
 
 TEST_F(Packet, WhatTheViewerDoesNotSeeIsNotSentAndDoesNotWait) {
