@@ -52,10 +52,10 @@ void TinyBook::settle() {
 }
 
 void addUp(const KVXEUID& uid) {
-  int a = 0, b = 0;
-  uid.getRow()->getCell(&TinyBook::A)->getVal(a, true);
-  uid.getRow()->getCell(&TinyBook::B)->getVal(b, true);
-  uid.getCell()->setValAndMarkEngineClean(a + b);
+  int sum = 0;
+  for (const KVXETitle* column : {&TinyBook::A, &TinyBook::B})
+    if (int value = 0; uid.getRow()->getCell(column)->getVal(value, true)) sum += value;
+  uid.getCell()->setValAndMarkEngineClean(sum);
 }
 
 std::string EventLog::nameOf(KVXECell* cell) {

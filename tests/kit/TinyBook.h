@@ -49,7 +49,7 @@ class TinyBook : public ::testing::Test {
   KVXEBook* m_book = nullptr;
 };
 
-/// Sum = A + B of the row.
+/// Sum = A + B of the row, blank counting as 0.
 void addUp(const KVXEUID& uid);
 
 /// Notes as text what a calculation does: "run Sum2", "edge A2 Sum2", "dirty Sum2 by A2", "again A2".

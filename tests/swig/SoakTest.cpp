@@ -18,12 +18,11 @@ namespace {
 using Op = KvxOperationData;
 
 #ifdef __SANITIZE_ADDRESS__
-constexpr int Handshakes = 2000;
 constexpr bool IsMemoryMeasured = false;  // freed memory stays with the sanitizer for a while
 #else
-constexpr int Handshakes = 10000;
 constexpr bool IsMemoryMeasured = true;
 #endif
+constexpr int Handshakes = 10000;
 constexpr int WarmUp = 1000;
 
 double residentMegabytes() {

@@ -4,18 +4,6 @@ using enum KVXEEnums::CellType;
 using KVXEEnums::TabType;
 using KVXEEnums::Visibility;
 
-namespace {
-
-/// Sum = A + B of the row, blank counting as 0.
-void addBlankAsZero(const KVXEUID& uid) {
-  int sum = 0;
-  for (const KVXETitle* column : {&TinyBook::A, &TinyBook::B})
-    if (int value = 0; uid.getRow()->getCell(column)->getVal(value, true)) sum += value;
-  uid.getCell()->setValAndMarkEngineClean(sum);
-}
-
-}  // namespace
-
 void WireBook::SetUp() {
   TinyBook::SetUp();
   KVXEPBHelper::getGlobal().setVisibility(Visibility::EXTERNAL);
@@ -25,7 +13,7 @@ void WireBook::SetUp() {
       {.title = &Name, .type = STRING, .isEditable = true},
       {.title = &A, .type = INT, .isEditable = true, .minimum = 0, .maximum = 100},
       {.title = &B, .type = FLOAT, .isEditable = true, .minimum = 0},
-      {.title = &Sum, .type = INT, .formula = &addBlankAsZero},
+      {.title = &Sum, .type = INT, .formula = &addUp},
       {.title = &Choice,
        .type = STRING,
        .isEditable = true,
