@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
-#include "engine/base/workbook/KVXETableOperations.h"
 #include "engine/base/workbook/KVXECellStateMgr.h"
+#include "engine/base/workbook/KVXETableOperations.h"
 #include "tests/kit/Captured.h"
 #include "tests/kit/TinyBook.h"
 

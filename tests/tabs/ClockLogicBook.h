@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "engine/base/calculation/KVXECalculationMgr.h"
-#include "engine/base/workbook/KVXETableOperations.h"
 #include "engine/base/selection/KVXEPartSelection.h"
 #include "engine/base/tabs/KVXEClockTab.h"
 #include "engine/base/tabs/KVXELogicTab.h"
@@ -16,6 +15,7 @@
 #include "engine/base/workbook/KVXEBookMgr.h"
 #include "engine/base/workbook/KVXECellStateMgr.h"
 #include "engine/base/workbook/KVXEHeaderRow.h"
+#include "engine/base/workbook/KVXETableOperations.h"
 #include "engine/base/workbook/KVXETemplateCell.h"
 #include "tests/kit/Captured.h"
 #include "tests/kit/Consistency.h"

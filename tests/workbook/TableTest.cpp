@@ -2,10 +2,10 @@
 
 #include <regex>
 
-#include "engine/base/workbook/KVXETableOperations.h"
 #include "engine/base/workbook/KVXEChart.h"
 #include "engine/base/workbook/KVXEDebugTab.h"
 #include "engine/base/workbook/KVXEImage.h"
+#include "engine/base/workbook/KVXETableOperations.h"
 #include "engine/base/workbook/KVXEViewer.h"
 #include "tests/kit/Captured.h"
 #include "tests/kit/TinyBook.h"

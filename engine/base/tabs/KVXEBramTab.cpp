@@ -9,7 +9,6 @@
 #include "engine/base/workbook/KVXERow.h"
 #include "engine/base/workbook/KVXETemplateCell.h"
 #include "models/common/KVXMHelperUtils.h"
-#include "models/common/KVXMHelperUtils.h"
 
 using Title = const KVXETitle;
 
