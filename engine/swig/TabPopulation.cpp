@@ -116,13 +116,6 @@ class TabTree {
   bool m_isComplete = true;
 };
 
-/// The front end now knows the rows of every table.
-void clearRowIndices(const KVXEBook& book) {
-  for (unsigned int t = 0; t < book.getTabCount(); ++t)
-    if (const KVXETab* tab = book.getTab(t))
-      for (unsigned int i = 0; i < tab->getTableCount(); ++i) tab->getTable(i)->clearRowIndices();
-}
-
 }  // namespace
 
 bool KVXEPBHelper::populate(KvxBookBundleData* bundle) {
@@ -130,7 +123,6 @@ bool KVXEPBHelper::populate(KvxBookBundleData* bundle) {
   bundle->Clear();
   const KVXEBook* book = currentBook();
   const bool isComplete = !book || TabTree(*book, *bundle).populate();
-  if (book) clearRowIndices(*book);
   rememberLooks();
   KVXECellStateMgr::getGlobal().markGuiClean();
   return isComplete;

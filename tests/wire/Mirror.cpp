@@ -185,12 +185,3 @@ std::vector<std::string> Mirror::differencesFrom(const Mirror& other) const {
     if (!theirs.contains(place)) differences.push_back(place + ": " + look + ", should not be");
   return differences;
 }
-
-std::string Mirror::cell(int tab, int table, int row, int column) const {
-  const auto& rows = m_tabs.at(tab).tables.at(table).rows;
-  return rows.at(static_cast<size_t>(row)).at(static_cast<size_t>(column));
-}
-
-int Mirror::rowCount(int tab, int table) const {
-  return static_cast<int>(m_tabs.at(tab).tables.at(table).rows.size());
-}

@@ -20,11 +20,8 @@ class Mirror {
   /// exchange do not count.
   std::vector<std::string> differencesFrom(const Mirror& other) const;
 
-  /// The cell's value, unit, message and looks in one text; empty when there is none. `row` is that on
-  /// screen.
-  std::string cell(int tab, int table, int row, int column) const;
-  int rowCount(int tab, int table) const;
-  size_t tabCount() const { return m_tabs.size(); }
+  /// What follows the title of a tab.
+  std::string suffix(int tab) const { return m_tabs.at(tab).suffix; }
 
  private:
   struct Column {

@@ -5,6 +5,9 @@
 
 #include <random>
 
+#include "engine/base/tabs/KVXEBramTab.h"
+#include "engine/base/tabs/KVXEClockTab.h"
+#include "engine/base/tabs/KVXELogicTab.h"
 #include "engine/base/workbook/KVXETableOperations.h"
 #include "engine/base/workbook/KVXEViewer.h"
 #include "engine/swig/KVXEPBHelper.h"
@@ -17,6 +20,7 @@ namespace {
 
 using KVXEEnums::CellType;
 using KVXEEnums::TableOperation;
+using KVXEEnums::TabType;
 using KVXEEnums::Visibility;
 using ::testing::IsEmpty;
 
@@ -25,9 +29,26 @@ class FrontEnd : public ::testing::TestWithParam<std::string> {
   void SetUp() override {
     m_book = std::make_unique<DeviceBook>(GetParam());
     m_book->trim(12);
+    putToWork();
     KVXEPBHelper::getGlobal().setVisibility(Visibility::EXTERNAL);
     KVXECalculationMgr::getGlobal().fullCalculate();
     receive();
+  }
+  /// A clock with logic and memories on it, so that tabs have power and shares of it.
+  void putToWork() {
+    const auto table = [this](TabType type, const KVXETitle& title) {
+      return m_book->book()->getTable(type, &title);
+    };
+    KVXETable* clocks = table(TabType::CLOCK, KVXEClockTab::m_ClockConfigTable);
+    m_book->put(clocks->getCellAt(1, &KVXEClockTab::m_Name), std::string("core"));
+    m_book->put(clocks->getCellAt(1, &KVXEClockTab::m_ClockFreq), 300.0f);
+    const std::string clock = "300.000 MHz (core)";
+    KVXETable* logic = table(TabType::LOGIC, KVXELogicTab::m_LogicConfigTable);
+    m_book->put(logic->getCellAt(1, &KVXELogicTab::m_Clock), clock);
+    m_book->put(logic->getCellAt(1, &KVXELogicTab::m_LutAsLogic), 20000);
+    KVXETable* memories = table(TabType::BRAM, KVXEBramTab::m_BramConfigTable);
+    m_book->put(memories->getCellAt(1, &KVXEBramTab::m_PortAClock), clock);
+    m_book->put(memories->getCellAt(1, &KVXEBramTab::m_BramCount), 400);
   }
   void TearDown() override { KVXEPBHelper::getGlobal().setVisibility(Visibility::INTERNAL); }
 
@@ -120,6 +141,18 @@ void FrontEnd::editRows() {
                                                          static_cast<int>(table->getTab()->getIndex()),
                                                          static_cast<int>(table->getIndex()), rows, target);
   KVXECalculationMgr::getGlobal().incrCalculate();
+}
+
+TEST_P(FrontEnd, HearsOfAShareThatChangesWithAnotherTab) {
+  const int bramTab = static_cast<int>(TabType::BRAM);
+  const std::string before = m_mirror.suffix(bramTab);
+  EXPECT_NE(before, "");
+  KVXETable* logic = m_book->book()->getTable(TabType::LOGIC, &KVXELogicTab::m_LogicConfigTable);
+  m_book->edit(logic->getCellAt(1, &KVXELogicTab::m_LutAsLogic), 300000);
+  receive();
+  EXPECT_EQ(m_bundles, 1);
+  EXPECT_NE(m_mirror.suffix(bramTab), before);
+  EXPECT_EQ(m_mirror.suffix(bramTab), m_book->book()->getTab(TabType::BRAM)->getPBSuffix());
 }
 
 TEST_P(FrontEnd, StaysEqualByPacketsAlone) {
