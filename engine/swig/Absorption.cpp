@@ -1,8 +1,7 @@
 // The edits of the front end as they reach the book.
 
-#include <cmath>
 #include <iostream>
-#include <limits>
+#include <optional>
 
 #include "engine/base/workbook/KVXEBook.h"
 #include "engine/base/workbook/KVXEHeaderRow.h"
