@@ -174,6 +174,7 @@ TEST_F(Packet, AChangedShapeBringsABundle) {
       [&] { table->setVisibility(Visibility::INTERNAL); },
       [&] { tab()->setVisibility(Visibility::INTERNAL); },
       [&] { KVXEPBHelper::getGlobal().setVisibility(Visibility::INTERNAL); },
+      [&] { tab()->disableButton("KVX_AUTOFIT", "Nothing to fit."); },
       [&] { tab()->setIsEnabled(false); },
   };
   for (const auto& change : changes) {

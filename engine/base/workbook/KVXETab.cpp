@@ -191,23 +191,35 @@ KVXETabButton* findButton(const std::vector<std::unique_ptr<KVXETabButton>>& but
   return nullptr;
 }
 
+/// Changes a button, if there is one. Buttons go out with the whole book only.
+void changeButton(KVXETabButton* button, bool isEnabled, const std::string& toolTip,
+                  const std::string& text) {
+  if (!button) return;
+  const bool isAsItWas =
+      button->getIsEnabled() == isEnabled && button->getToolTip() == toolTip && button->getText() == text;
+  if (isAsItWas) return;
+  button->setIsEnabled(isEnabled);
+  button->setToolTip(toolTip);
+  button->setText(text);
+  KVXECellStateMgr::getGlobal().requestGuiRedraw();
+}
+
+std::string textOf(const KVXETabButton* button) {
+  return button ? button->getText() : std::string();
+}
+
 }  // namespace
 
 void KVXETab::enableButton(const std::string& id, const std::string& toolTip) {
   KVXETabButton* button = findButton(m_buttons, id);
-  if (!button) return;
-  button->setIsEnabled(true);
-  button->setToolTip(toolTip);
+  changeButton(button, true, toolTip, textOf(button));
 }
 
 void KVXETab::enableButton(const std::string& id, const std::string& toolTip, const std::string& text) {
-  enableButton(id, toolTip);
-  if (KVXETabButton* button = findButton(m_buttons, id)) button->setText(text);
+  changeButton(findButton(m_buttons, id), true, toolTip, text);
 }
 
 void KVXETab::disableButton(const std::string& id, const std::string& toolTip) {
   KVXETabButton* button = findButton(m_buttons, id);
-  if (!button) return;
-  button->setIsEnabled(false);
-  button->setToolTip(toolTip);
+  changeButton(button, false, toolTip, textOf(button));
 }

@@ -43,8 +43,7 @@ KVXETable* KVXETableOperations::getTablePtr(int tab, int table) const {
 }
 
 bool KVXETableOperations::hasTableEditingFeatures(int tab, int table) const {
-  const KVXETable* found = getTablePtr(tab, table);
-  return found && found->getHasTableEditingFeatures();
+  return getEditableTable(tab, table);
 }
 
 /// The table of an operation of the front end. A table whose rows are the engine's own is none: formulas know
