@@ -102,7 +102,7 @@ const KVXEColumn columns[] = {
 }  // namespace
 
 void KVXETarvekNocDdrmcTab::initDdrmcConfigTable() {
-  kvxe::createConfigTable(*this, m_DdrmcConfigTable, columns, m_Name, "DDRMC");
+  kvxe::createConfigTable(*this, m_DdrmcConfigTable, columns, "DDRMC");
 }
 
 // Lists.

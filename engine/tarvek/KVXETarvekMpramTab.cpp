@@ -55,7 +55,7 @@ const kvxe::UtilizationRow utilization{
 
 void KVXETarvekMpramTab::init() {
   KVXETab::init();
-  kvxe::createConfigTable(*this, m_ConfigTable, columns, m_Name, "MPRAM");
+  kvxe::createConfigTable(*this, m_ConfigTable, columns, "MPRAM");
   std::vector<PowerTableRow> rails{{"VCCINT", &updateVccintActivePowerInPowerTable, &KVXECell::NoFormula}};
   initPowerTableRows(rails);
   std::vector<UtilizationTableRow> used{{m_mpramStr, &updateUtilizationTable}};

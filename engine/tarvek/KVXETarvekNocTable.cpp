@@ -64,7 +64,7 @@ const KVXEColumn columns[] = {
 }  // namespace
 
 void KVXETarvekNocDdrmcTab::initNocConfigTable() {
-  kvxe::createConfigTable(*this, m_NocConfigTable, columns, m_ModuleName, "NoC");
+  kvxe::createConfigTable(*this, m_NocConfigTable, columns, "NoC");
 }
 
 // Limits.

@@ -103,7 +103,7 @@ void KVXETarvekPwrManagementTab::initPwrManagementTable() {
 }
 
 void KVXETarvekPwrManagementTab::initClockDomainPwrTable() {
-  kvxe::createConfigTable(*this, m_ClockDomainPwrTable, clockDomainColumns, m_ClockTag, "Clock Domains");
+  kvxe::createConfigTable(*this, m_ClockDomainPwrTable, clockDomainColumns, "Clock Domains");
 }
 
 void KVXETarvekPwrManagementTab::initPotentialSavingsTable() {

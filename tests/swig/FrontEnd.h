@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "engine/swig/KVXEGuiInterface.h"
+#include "tests/kit/ProjectDirectory.h"
 
 /// A front end with its one object of the engine: it sends requests and fetches replies as bytes.
 class FrontEnd {
@@ -30,8 +31,7 @@ class FrontEnd {
   /// Chooses the value of a drop-down by its name.
   void choose(const std::string& dropDown, const std::string& value);
   /// All of the way from the start to an open project.
-  KvxHandshakeData createProject(const std::string& architecture,
-                                 const std::string& path = "/tmp/design.kvx");
+  KvxHandshakeData createProject(const std::string& architecture, const std::string& path = "design.kvx");
 
   static KvxHandshakeData request(KvxOperationData_OperationType type, const Arguments& arguments = {});
   KvxHandshakeData send(const KvxHandshakeData& request) { return send(request, Flags()); }
@@ -45,6 +45,7 @@ class FrontEnd {
  private:
   void readDropDowns();
 
+  ProjectDirectory m_directory;  // where its projects are
   std::unique_ptr<KVXEGuiInterface> m_gui;
 };
 

@@ -17,18 +17,40 @@ namespace {
 const std::string& Arkeon = KVXEPartSelection::m_arkeonArchName;
 const std::string& Morlan = KVXEPartSelection::m_morlanArchName;
 
-TEST(ProjectHandshake, NewProjectIsOpenInMemory) {
+TEST(ProjectHandshake, NewProjectIsSavedAtOnce) {
   FrontEnd frontEnd;
-  const KvxHandshakeData reply = frontEnd.createProject(Morlan, "/tmp/some dir/big.design.kvx");
-  EXPECT_EQ(partsOf(reply), "bookBundle, messageDialog, summaryPanel, status");
+  const KvxHandshakeData reply = frontEnd.createProject(Morlan, "some dir/big.design.kvx");
+  EXPECT_EQ(partsOf(reply), "bookBundle, summaryPanel, status");
   EXPECT_TRUE(reply.status().isprojectopen());
-  EXPECT_FALSE(reply.status().isprojectsaved());
+  EXPECT_TRUE(reply.status().isprojectsaved());
   EXPECT_EQ(reply.status().parttext(), "Part: " + frontEnd.gui().getSelectedDeviceName());
-  EXPECT_EQ(reply.messagedialog().severity(), 3);
-  EXPECT_THAT(reply.messagedialog().text(), HasSubstr("big.design.kvx cannot be saved"));
   KVXEGuiInterface& gui = frontEnd.gui();
   EXPECT_THAT((std::vector{gui.getProjectPath(), gui.getProjectFileName(), gui.getProjectName()}),
-              ElementsAre("/tmp/some dir/big.design.kvx", "big.design.kvx", "big.design"));
+              ElementsAre("some dir/big.design.kvx", "big.design.kvx", "big.design"));
+  EXPECT_TRUE(std::filesystem::exists("some dir/big.design.kvx"));
+}
+
+/// What the operation changes about "saved", deliberate oddities included.
+TEST(ProjectHandshake, OpensWhatItSaved) {
+  FrontEnd frontEnd;
+  frontEnd.createProject(Morlan, "a.kvx");
+  const std::string device = frontEnd.gui().getSelectedDeviceName();
+  EXPECT_EQ(partsOf(frontEnd.send(Op::SAVE_AS_PROJECT, {{Op::PROJECT_PATH, "b.kvx"}})), "bookPacket, status");
+  EXPECT_EQ(frontEnd.gui().getProjectPath(), "b.kvx");
+  EXPECT_TRUE(frontEnd.send(Op::SAVE_PROJECT).status().isprojectsaved());
+  frontEnd.send(Op::CLOSE_PROJECT);
+  frontEnd.chooseArchitecture(Arkeon);
+  const KvxHandshakeData reply = frontEnd.send(Op::OPEN_PROJECT, {{Op::PROJECT_PATH, "b.kvx"}});
+  EXPECT_EQ(partsOf(reply), "bookBundle, summaryPanel, status");
+  EXPECT_FALSE(reply.status().isprojectsaved());
+  EXPECT_EQ(reply.status().parttext(), "Part: " + device);
+
+  ProjectDirectory::write("c.kvx", "damaged");
+  const KvxHandshakeData refused = frontEnd.send(Op::OPEN_PROJECT, {{Op::PROJECT_PATH, "c.kvx"}});
+  EXPECT_EQ(partsOf(refused), "messageDialog");
+  EXPECT_EQ(refused.messagedialog().title(), "Open Project");
+  EXPECT_EQ(refused.messagedialog().text(), "c.kvx failed during integrity check\n");
+  EXPECT_TRUE(projectStatus().isprojectsaved()) << "a failed opening has lost nothing";
 }
 
 TEST(ProjectHandshake, PathsAreCheckedAndTheOpenProjectIsNamed) {
@@ -39,23 +61,22 @@ TEST(ProjectHandshake, PathsAreCheckedAndTheOpenProjectIsNamed) {
     const char* text;
     const char* openAfter;
   } cases[] = {
-      {"nothing to create", Op::CREATE_PROJECT, "", "Project path cannot be empty\n", "/tmp/first.kvx"},
-      {"nothing to open", Op::OPEN_PROJECT, "", "Project path cannot be empty\n", "/tmp/first.kvx"},
-      {"no extension", Op::OPEN_PROJECT, "/tmp/other", "first.kvx do not have a .kvx file extension.\n",
-       "/tmp/first.kvx"},
-      {"capitals", Op::SAVE_AS_PROJECT, "/tmp/other.KVX", "first.kvx do not have a .kvx file extension.\n",
-       "/tmp/first.kvx"},
-      {"just a dot file", Op::OPEN_PROJECT, "/tmp/.kvx", "first.kvx do not have a .kvx file extension.\n",
-       "/tmp/first.kvx"},
+      {"nothing to create", Op::CREATE_PROJECT, "", "Project path cannot be empty\n", "first.kvx"},
+      {"nothing to open", Op::OPEN_PROJECT, "", "Project path cannot be empty\n", "first.kvx"},
+      {"no extension", Op::OPEN_PROJECT, "other", "first.kvx do not have a .kvx file extension.\n",
+       "first.kvx"},
+      {"capitals", Op::SAVE_AS_PROJECT, "other.KVX", "first.kvx do not have a .kvx file extension.\n",
+       "first.kvx"},
+      {"just a dot file", Op::OPEN_PROJECT, "dir/.kvx", "first.kvx do not have a .kvx file extension.\n",
+       "first.kvx"},
       {"hidden end", Op::OPEN_PROJECT, std::string("/etc/passwd\0.kvx", 16),
-       "Project path holds a NUL character\n", "/tmp/first.kvx"},
-      {"no such file", Op::OPEN_PROJECT, "/tmp/no/such/file.kvx", "file.kvx do not exist.\n",
-       "/tmp/no/such/file.kvx"},
+       "Project path holds a NUL character\n", "first.kvx"},
+      {"no such file", Op::OPEN_PROJECT, "no/such/file.kvx", "file.kvx do not exist.\n", "no/such/file.kvx"},
   };
   for (const auto& [label, type, path, text, openAfter] : cases) {
     SCOPED_TRACE(label);
     FrontEnd frontEnd;
-    frontEnd.createProject(Morlan, "/tmp/first.kvx");
+    frontEnd.createProject(Morlan, "first.kvx");
     const KvxHandshakeData reply = frontEnd.send(type, {{Op::PROJECT_PATH, path}});
     EXPECT_THAT(reply.messagedialog().text(), HasSubstr(text));
     EXPECT_EQ(reply.messagedialog().severity(), 3);
@@ -67,14 +88,13 @@ TEST(ProjectHandshake, PathsAreCheckedAndTheOpenProjectIsNamed) {
 }
 
 TEST(ProjectHandshake, FailureBringsOnlyItsDialog) {
-  for (const auto type : {Op::SAVE_PROJECT, Op::SAVE_AS_PROJECT, Op::OPEN_PROJECT}) {
+  for (const auto type : {Op::SAVE_PROJECT, Op::SAVE_AS_PROJECT}) {
     FrontEnd frontEnd;
-    frontEnd.createProject(Morlan);
-    const std::string path = "/tmp/renamed.kvx";
-    EXPECT_EQ(partsOf(frontEnd.send(type, {{Op::PROJECT_PATH, path}})), "messageDialog");
-    EXPECT_EQ(frontEnd.gui().getProjectPath(), type == Op::SAVE_PROJECT ? "/tmp/design.kvx" : path);
-    EXPECT_EQ(projectStatus().isprojectsaved(),
-              type == Op::OPEN_PROJECT);  // a failed opening has lost nothing
+    frontEnd.createProject(Morlan, "a.kvx");
+    std::filesystem::create_directory("dir.kvx");
+    ProjectDirectory::write("a.kvx", "of another instance");
+    EXPECT_EQ(partsOf(frontEnd.send(type, {{Op::PROJECT_PATH, "dir.kvx"}})), "messageDialog");
+    EXPECT_EQ(frontEnd.gui().getProjectPath(), type == Op::SAVE_PROJECT ? "a.kvx" : "dir.kvx");
   }
   FrontEnd frontEnd;
   EXPECT_EQ(partsOf(frontEnd.send(Op::SAVE_PROJECT)), "") << "nothing is open";
@@ -83,11 +103,11 @@ TEST(ProjectHandshake, FailureBringsOnlyItsDialog) {
 TEST(ProjectHandshake, LaterArgumentWins) {
   FrontEnd frontEnd;
   frontEnd.chooseArchitecture(Morlan);
-  frontEnd.send(Op::CREATE_PROJECT, {{Op::PROJECT_PATH, "/tmp/a.kvx"},
-                                     {Op::NEW_PROJECT_2, "/tmp/b.kvx"},
-                                     {Op::PROJECT_PATH, "/tmp/c.kvx"},
-                                     {Op::FILE_PATH, "/tmp/d.kvx"}});
-  EXPECT_EQ(frontEnd.gui().getProjectPath(), "/tmp/c.kvx");
+  frontEnd.send(Op::CREATE_PROJECT, {{Op::PROJECT_PATH, "a.kvx"},
+                                     {Op::NEW_PROJECT_2, "b.kvx"},
+                                     {Op::PROJECT_PATH, "c.kvx"},
+                                     {Op::FILE_PATH, "d.kvx"}});
+  EXPECT_EQ(frontEnd.gui().getProjectPath(), "c.kvx");
 }
 
 TEST(ProjectHandshake, ClosingLeavesNothing) {
@@ -106,8 +126,7 @@ TEST(ProjectHandshake, ClosingLeavesNothing) {
 TEST(ProjectHandshake, FailedImportCreatesNoProject) {
   FrontEnd frontEnd;
   frontEnd.chooseArchitecture(Morlan);
-  const FrontEnd::Arguments arguments{{Op::PROJECT_PATH, "/tmp/a.kvx"},
-                                      {Op::IMPORT_FILE_PATH, "estimate.lvr"}};
+  const FrontEnd::Arguments arguments{{Op::PROJECT_PATH, "a.kvx"}, {Op::IMPORT_FILE_PATH, "estimate.lvr"}};
   const KvxHandshakeData reply = frontEnd.send(Op::CREATE_PROJECT, arguments);
   EXPECT_EQ(partsOf(reply), "messageDialog");
   EXPECT_THAT(reply.messagedialog().text(), HasSubstr("estimate.lvr"));

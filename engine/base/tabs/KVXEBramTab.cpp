@@ -166,7 +166,7 @@ void KVXEBramTab::initTables(KVXEFormula power) {
   for (KVXEColumn& column : declared)
     if (std::find(std::begin(results), std::end(results), column.title) != std::end(results))
       column.formula = power;
-  kvxe::createConfigTable(*this, m_BramConfigTable, declared, m_Name, "BRAM");
+  kvxe::createConfigTable(*this, m_BramConfigTable, declared, "BRAM");
   std::vector<PowerTableRow> rails{
       {"VCCINT", &updateVccintActivePowerInPowerTable, &KVXECell::NoFormula},
       {"VCCRAM", &updateVccramActivePowerInPowerTable, &KVXECell::NoFormula},

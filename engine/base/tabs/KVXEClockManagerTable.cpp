@@ -148,7 +148,6 @@ KVXETable* KVXEClockTab::initClkMgrTable(const ManagerFormulas& formulas) {
     assign(*result, formulas.power);
   offerClkMgrTypes(table);
   table->setTabWidgetTitle("Clock Manager");
-  table->setPilotColumnTitle(&m_Name);
   table->setHasTableEditingFeatures(true);
   table->getOrCreateRow(RowCount);
   return table;

@@ -108,7 +108,6 @@ void KVXEClockTab::initClockConfigTable(const ClockFormulas& formulas) {
   assign(m_FanoutPerSite, formulas.fanoutPerSite);
   for (const KVXETitle* result : {&m_VccintPwr, &m_VccramPwr, &m_Power}) assign(*result, formulas.power);
   table->setTabWidgetTitle("Clock");
-  table->setPilotColumnTitle(&m_Name);
   table->setHasTableEditingFeatures(true);
   table->getOrCreateRow(RowCount);
 }

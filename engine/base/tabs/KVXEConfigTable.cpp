@@ -5,11 +5,10 @@
 namespace kvxe {
 
 KVXETable* createConfigTable(KVXETab& tab, const KVXETitle& title, std::span<const KVXEColumn> columns,
-                             const KVXETitle& name, const std::string& widgetTitle) {
+                             const std::string& widgetTitle) {
   KVXETable* table = tab.createTable(&title, true, false, true, KVXEEnums::GridComponentType::TABLE);
   table->addColumns(columns);
   table->setTabWidgetTitle(widgetTitle);
-  table->setPilotColumnTitle(&name);
   table->setHasTableEditingFeatures(true);
   table->getOrCreateRow(configRowCount);
   return table;

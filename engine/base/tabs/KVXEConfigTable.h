@@ -99,10 +99,10 @@ inline KVXEColumn watts(const KVXETitle& title, KVXEFormula formula, const char*
 
 }  // namespace column
 
-/// Creates a table of design modules, with row numbers and the user's own rows. `name` is the column that
-/// names a row and decides whether it counts as used; `widgetTitle` is the sub-tab in which it stands.
+/// Creates a table of design modules, with row numbers and the user's own rows. `widgetTitle` is the sub-tab
+/// in which it stands.
 KVXETable* createConfigTable(KVXETab& tab, const KVXETitle& title, std::span<const KVXEColumn> columns,
-                             const KVXETitle& name, const std::string& widgetTitle);
+                             const std::string& widgetTitle);
 
 /// The formula of an active power cell of a power table: the sum of a column of a table of the same tab.
 template <const KVXETitle& Table, const KVXETitle& Column>

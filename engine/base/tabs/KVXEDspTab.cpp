@@ -84,7 +84,7 @@ KVXEColumn KVXEDspTab::commentsColumn() {
 
 void KVXEDspTab::initTables(std::span<const KVXEColumn> columns, KVXEFormula utilization) {
   KVXETab::init();
-  kvxe::createConfigTable(*this, m_DspConfigTable, columns, m_Name, "DSP");
+  kvxe::createConfigTable(*this, m_DspConfigTable, columns, "DSP");
   std::vector<PowerTableRow> power{{"VCCINT", &updateVccintActivePowerInPowerTable, &KVXECell::NoFormula}};
   initPowerTableRows(power);
   std::vector<UtilizationTableRow> used{{m_dspStr, utilization}};

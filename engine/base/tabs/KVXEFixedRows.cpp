@@ -19,6 +19,7 @@ std::string toolTipOf(const KVXEFixedRow& declaration, const std::string& produc
 KVXERow* addFixedRow(KVXETable& table, const KVXETitle& textColumn, const KVXETitle& valueColumn,
                      const KVXEFixedRow& declaration, const std::string& product) {
   table.getOrCreateHeaderRow();
+  table.setPilotColumnTitle(&textColumn);  // other releases may have the rows in another order
   KVXERow* row = table.getOrCreateRow(table.getRowCount());
   KVXECell* text = row->getCell(&textColumn);
   text->setValAndMarkEngineClean(*declaration.text);

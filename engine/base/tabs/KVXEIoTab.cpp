@@ -167,7 +167,7 @@ void KVXEIoTab::initIoConfigTable() {
   columns.insert(columns.end(), std::begin(signalColumns), std::end(signalColumns));
   for (KVXEColumn& column : columns)
     if (column.title == &m_TotalPins) column.formula = totalPinsFormula();
-  kvxe::createConfigTable(*this, m_IoConfigTable, columns, m_Name, "IO");
+  kvxe::createConfigTable(*this, m_IoConfigTable, columns, "IO");
 }
 
 /// Every VCCO rail that a standard of the architecture has, the highest voltage first: the digits of their

@@ -87,7 +87,7 @@ void KVXELogicTab::initLogicConfigTable(KVXEFormula logicPower, KVXEFormula sign
   std::vector<KVXEColumn> columns(std::begin(logicColumns), std::end(logicColumns));
   columns.end()[-2].formula = logicPower;
   columns.end()[-1].formula = signalPower;
-  kvxe::createConfigTable(*this, m_LogicConfigTable, columns, m_Name, "Logic");
+  kvxe::createConfigTable(*this, m_LogicConfigTable, columns, "Logic");
 }
 
 void KVXELogicTab::initPowerTable() {

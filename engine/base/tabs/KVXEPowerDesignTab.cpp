@@ -190,10 +190,11 @@ void KVXEPowerDesignTab::initPowerSummaryTable() {
 }
 
 void KVXEPowerDesignTab::initPowerSupplyTable() {
-  createTable(&m_powerSupplyTable, false, false, true, GridComponentType::TABLE)->addColumns(supplyColumns);
+  KVXETable* table = createTable(&m_powerSupplyTable, false, false, true, GridComponentType::TABLE);
+  table->addColumns(supplyColumns);
+  table->setPilotColumnTitle(&m_internalSupplyColumn);  // devices and releases differ in their rails
   for (const std::string& category : getCategoryList()) createVoltageRow(category);
   // A row that heads a category has no currents and no group, so its cells may stand for all rails.
-  const KVXETable* table = getTable(&m_powerSupplyTable);
   m_startupRun = table->getCellAt(1, &m_powerupCurrentColumn);
   m_groupsRun = table->getCellAt(1, &m_powerRailGroupColumn);
 }

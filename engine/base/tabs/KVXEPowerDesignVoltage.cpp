@@ -68,7 +68,9 @@ void handOver(KVXERow* row, bool isFree) {
   if (voltage->getIsEditable() != isFree) voltage->setIsEditable(isFree);
   float volts = 0.0f;
   if (!isFree) {
-    if (isGiven(*voltage) && voltage->getVal(volts, false)) own->setValAndMarkEngineClean(volts);
+    if (!isGiven(*voltage) || !voltage->getVal(volts, false)) return;
+    own->setValAndMarkEngineClean(volts);
+    own->setValueSource(KVXEEnums::ValueSource::USER);  // so that a project keeps it
     return;
   }
   if (isGiven(*voltage) || !own->getVal(volts, true)) return;

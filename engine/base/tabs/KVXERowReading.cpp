@@ -77,7 +77,9 @@ namespace {
 
 float readUtilizationTable(const KVXEUID& uid, KVXEEnums::TabType tab, const std::string& type,
                            const KVXETitle& column) {
-  if (!uid.getBook()->getTable(tab, &KVXETab::m_UtilTable)) return 0.0f;
+  // What stands on a tab that the device does not have uses nothing.
+  const KVXETab* owner = uid.getBook()->getTab(tab);
+  if (!owner || !owner->getIsEnabled() || !owner->getTable(&KVXETab::m_UtilTable)) return 0.0f;
   KVXECell* cell = uid.getBook()->lookup<std::string>(tab, &KVXETab::m_UtilTable, type,
                                                       &KVXETab::m_TypeColumn, &column, false);
   float value = 0.0f;

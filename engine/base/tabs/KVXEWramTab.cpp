@@ -128,7 +128,7 @@ void KVXEWramTab::initTables(KVXEFormula power) {
       kvxe::column::watts(m_VccRamPower, power,
                           "<html>The power that this module draws from the supply of the memories.</html>"));
   columns.push_back(kvxe::column::comments(m_UserComments));
-  kvxe::createConfigTable(*this, m_WramConfigTable, columns, m_Name, "WideRAM");
+  kvxe::createConfigTable(*this, m_WramConfigTable, columns, "WideRAM");
   std::vector<PowerTableRow> rails{
       {"VCCINT", &updateVccintActivePowerInPowerTable, &KVXECell::NoFormula},
       {"VCCRAM", &updateVccramActivePowerInPowerTable, &KVXECell::NoFormula},

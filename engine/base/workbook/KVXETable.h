@@ -79,7 +79,7 @@ class KVXETable {
   void clearColumnHeaderMsg(const KVXETitle* title);
   /// Blanks the column in every data row.
   void clearColumn(const KVXETitle* title);
-  /// The column that decides whether a row counts as used, or null.
+  /// The column by whose texts saved rows find theirs again; null where they go by position.
   const KVXETitle* getPilotColumnTitle() const { return m_pilotColumnTitle; }
   void setPilotColumnTitle(const KVXETitle* title) { m_pilotColumnTitle = title; }
 

@@ -30,7 +30,7 @@ const KVXEColumn columns[] = {
 
 void KVXETarvekSysmonTab::init() {
   KVXETab::init();
-  kvxe::createConfigTable(*this, m_SysmonTable, columns, m_Name, "System Monitor");
+  kvxe::createConfigTable(*this, m_SysmonTable, columns, "System Monitor");
   std::vector<PowerTableRow> rails{
       {"VCCINT", &kvxe::sumIntoRail<m_SysmonTable, m_VccintPower>, &KVXECell::NoFormula}};
   initPowerTableRows(rails);

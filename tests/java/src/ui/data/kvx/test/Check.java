@@ -1,5 +1,9 @@
 package ui.data.kvx.test;
 
+import java.io.IOException;
+import java.nio.file.DirectoryStream;
+import java.nio.file.Files;
+import java.nio.file.Path;
 import java.util.List;
 import java.util.Objects;
 
@@ -40,9 +44,17 @@ final class Check {
     throw new AssertionError("expected " + type.getSimpleName() + ", message " + message);
   }
 
+  /** What an earlier run left behind would be set aside. */
+  private static void clearProjects(Path directory) throws IOException {
+    try (DirectoryStream<Path> left = Files.newDirectoryStream(directory, "*.kvx*")) {
+      for (Path file : left) Files.delete(file);
+    }
+  }
+
   /** Runs a test program's body and ends the process with its status. */
   static void main(String name, Deed body) {
     try {
+      clearProjects(Path.of(""));
       body.run();
     } catch (Throwable thrown) {
       System.out.flush();

@@ -21,10 +21,15 @@ final class Probe {
 
   private static native byte[] readBook();
 
+  /** What the engine's cells hold, one line each, and how many rows its tables have. */
+  static Set<String> engineLines() {
+    String text = new String(readBook(), StandardCharsets.UTF_8);
+    return new HashSet<>(List.of(text.isEmpty() ? new String[0] : text.split("\0")));
+  }
+
   /** The lines that only one side has; empty when the copy shows what the engine holds. */
   static List<String> differences(Book book) {
-    String text = new String(readBook(), StandardCharsets.UTF_8);
-    Set<String> engine = new HashSet<>(List.of(text.isEmpty() ? new String[0] : text.split("\0")));
+    Set<String> engine = engineLines();
     Set<String> copy = new HashSet<>();
     for (Tab tab : book.tabs()) {
       for (Table table : tab.tables()) addLines(copy, tab.index() + "\t" + table.index(), table);

@@ -2,6 +2,7 @@ package ui.data.kvx.test;
 
 import java.util.ArrayList;
 import java.util.List;
+import java.util.Set;
 import ui.data.kvx.client.Column;
 import ui.data.kvx.client.Session;
 import ui.data.kvx.client.Tab;
@@ -37,6 +38,7 @@ final class SessionTest {
     editsRows();
     looksAsOthers();
     changesDevice();
+    savesAndOpens();
     closesAndBeginsAnew();
   }
 
@@ -182,6 +184,26 @@ final class SessionTest {
     Check.same("Part: " + device, reply.getStatus().getPartText(), "part");
     alike("a change of the device");
     Check.none(session.check(), "a change of the device");
+  }
+
+  /** What the front end has after opening is what it had before closing. */
+  private void savesAndOpens() {
+    Check.same("", session.saveProjectAs("saved as.kvx").getMessageDialog().getText(), "save as");
+    Check.that(session.saveProject().getStatus().getIsProjectSaved(), "saved");
+    Set<String> before = Probe.engineLines();
+    session.closeProject();
+    KvxHandshakeData reply = session.openProject("saved as.kvx");
+    Check.that(reply.hasBookBundle() && reply.getStatus().getIsProjectOpen(), "the opened book comes whole");
+    Check.that(!reply.getStatus().getIsProjectSaved(), "reading may have converted it");
+    Check.same("saved as", session.engine().projectName(), "name");
+    alike("open");
+    Check.none(session.check(), "open");
+    Set<String> after = Probe.engineLines();
+    before.removeAll(after);
+    Check.none(List.copyOf(before), "open");
+    KvxHandshakeData failed = session.openProject("not there.kvx");
+    Check.that(failed.getMessageDialog().getText().contains("not there.kvx do not exist."), "a missing file");
+    Check.that(!failed.hasBookBundle() && !failed.hasStatus(), "only the dialog");
   }
 
   private void closesAndBeginsAnew() {
