@@ -37,6 +37,7 @@ class FrontEnd {
 
   /// False for an input that was not taken, since it takes long.
   bool run(const Session& session) {
+    if (leavesDirectory(session)) return false;
     if (isDear(session)) {
       if (!m_isReplay && m_sinceDear < InputsPerDearOne) return false;
       m_sinceDear = 0;
@@ -65,6 +66,18 @@ class FrontEnd {
     return request;
   }
 
+  /// Names a file outside of the current directory, where nobody wants projects.
+  static bool leavesDirectory(const Session& session) {
+    for (const Step& step : session) {
+      const Request* request = std::get_if<Request>(&step);
+      KvxHandshakeData message;
+      if (request) message.ParseFromString(request->bytes);
+      for (const auto& argument : message.operation().arguments())
+        if (argument.value().starts_with('/') || argument.value().find("..") != std::string::npos) return true;
+    }
+    return false;
+  }
+
   /// Makes tabs, or has the whole book go out, or writes files.
   bool isDear(const Session& session) const {
     for (const Step& step : session) {
@@ -78,6 +91,9 @@ class FrontEnd {
       message.ParseFromString(request->bytes);
       switch (message.operation().type()) {
         case KvxOperationData::CREATE_PROJECT:
+        case KvxOperationData::OPEN_PROJECT:
+        case KvxOperationData::SAVE_PROJECT:
+        case KvxOperationData::SAVE_AS_PROJECT:
         case KvxOperationData::CLOSE_PROJECT:
         case KvxOperationData::DEVICE_CHANGE:
         case KvxOperationData::REFRESH:

@@ -35,18 +35,38 @@ std::string sheetName(const KVXETitle& title) {
   return sheetName(title.getTag(TitleType::SW));
 }
 
-bool isForUsers(const KVXETable& table) {
-  return table.getVisibility() == Visibility::EXTERNAL && table.getColumnCount() > 0;
+/// Calls `visit(table)` for every table that the user sees, then for the others in reach, until one is
+/// accepted.
+template <class Accept>
+KVXETable* firstTable(const KVXETab& tab, Accept accept, Reach reach = Reach::Shown) {
+  for (const bool shown : {true, false})
+    for (unsigned int i = 0; i < tab.getTableCount() && (shown || reach == Reach::All); ++i) {
+      KVXETable* table = tab.getTable(i);
+      if (isShown(*table) == shown && table->getTableTitle() && accept(*table)) return table;
+    }
+  return nullptr;
 }
 
-/// Calls `visit(table)` for every table that the user sees, until one is accepted.
-template <class Accept>
-KVXETable* firstTable(const KVXETab& tab, Accept accept) {
-  for (unsigned int i = 0; i < tab.getTableCount(); ++i) {
-    KVXETable* table = tab.getTable(i);
-    if (isForUsers(*table) && accept(*table)) return table;
+/// Words in small letters with "_" between them, without what stands in brackets: "Frequency (MHz)" gives
+/// "frequency".
+std::string snakeCase(const std::string& title) {
+  std::string key;
+  for (const char c : title.substr(0, title.find(" ("))) {
+    const bool isWord =
+        (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
+    if (isWord) key += c;
+    if (!isWord && !key.empty() && key.back() != '_') key += '_';
   }
-  return nullptr;
+  while (key.ends_with('_')) key.pop_back();
+  return sheetName(key);
+}
+
+/// The first spelling of the title that `leadsBack`.
+template <class LeadsBack>
+std::string firstName(const KVXETitle& title, LeadsBack leadsBack) {
+  for (const TitleType type : {TitleType::DISPLAY, TitleType::SW, TitleType::KVX, TitleType::LVR})
+    if (const std::string name = snakeCase(title.getTag(type)); !name.empty() && leadsBack(name)) return name;
+  return "";
 }
 
 bool isText(const KVXETable& table, unsigned int column) {
@@ -62,10 +82,11 @@ std::string textAt(const KVXETable& table, unsigned int row, unsigned int column
 
 }  // namespace
 
-KVXETab* findTab(const KVXEBook& book, std::string_view name) {
+KVXETab* findTab(const KVXEBook& book, std::string_view name, Reach reach) {
   for (unsigned int i = 0; i < book.getTabCount(); ++i) {
     KVXETab* tab = book.getTab(i);
-    if (tab && tab->getIsEnabled() && isSameSpelling(tab->getTypeAsStr(), name)) return tab;
+    if (tab && (tab->getIsEnabled() || reach == Reach::All) && isSameSpelling(tab->getTypeAsStr(), name))
+      return tab;
   }
   return nullptr;
 }
@@ -80,9 +101,13 @@ std::vector<std::string> tabNames(const KVXEBook& book) {
   return names;
 }
 
-KVXETable* findTable(const KVXETab& tab, std::string_view name) {
-  return firstTable(tab,
-                    [name](const KVXETable& table) { return isSpelledLike(*table.getTableTitle(), name); });
+KVXETable* findTable(const KVXETab& tab, std::string_view name, Reach reach) {
+  return firstTable(
+      tab, [name](const KVXETable& table) { return isSpelledLike(*table.getTableTitle(), name); }, reach);
+}
+
+bool isShown(const KVXETable& table) {
+  return table.getVisibility() == Visibility::EXTERNAL && table.getColumnCount() > 0;
 }
 
 KVXETable* findMainTable(const KVXETab& tab) {
@@ -117,6 +142,33 @@ std::vector<std::string> editableColumnNames(const KVXETable& table) {
     if (title && columnCell(table, column)->getIsEditable()) names.push_back(sheetName(*title));
   }
   return names;
+}
+
+std::string writtenName(const KVXETab& tab) {
+  return sheetName(tab.getTypeAsStr());
+}
+
+std::string writtenName(const KVXETable& table) {
+  return firstName(*table.getTableTitle(), [&table](const std::string& name) {
+    return findTable(*table.getTab(), name, Reach::All) == &table;
+  });
+}
+
+std::string writtenName(const KVXETable& table, unsigned int column) {
+  const KVXETitle* title = table.getHeaderRow()->getIndexToTitle(column);
+  if (!title) return "";
+  return firstName(*title,
+                   [&table, column](const std::string& name) { return findColumn(table, name) == column; });
+}
+
+bool isKeyColumn(const KVXETable& table, unsigned int column) {
+  return isText(table, column) && !columnCell(table, column)->getIsEditable();
+}
+
+std::optional<unsigned int> findKeyColumn(const KVXETable& table) {
+  for (unsigned int column = 0; column < table.getColumnCount(); ++column)
+    if (isKeyColumn(table, column)) return column;
+  return std::nullopt;
 }
 
 std::string columnTitle(const KVXETable& table, unsigned int column) {

@@ -13,13 +13,19 @@
 /// comes from the book itself, so a tab is usable the day it exists.
 namespace kvx {
 
+/// What is found: only what the user sees, or what the book holds besides (tabs of other devices, tables of
+/// the engine's own).
+enum class Reach { Shown, All };
+
 /// A tab that the selected device has; null for any other name.
-KVXETab* findTab(const KVXEBook& book, std::string_view name);
+KVXETab* findTab(const KVXEBook& book, std::string_view name, Reach reach = Reach::Shown);
 /// The names of the tabs that have a table to fill, as they are written in a sheet.
 std::vector<std::string> tabNames(const KVXEBook& book);
 
 /// A table of the tab that the user sees; null for any other name.
-KVXETable* findTable(const KVXETab& tab, std::string_view name);
+KVXETable* findTable(const KVXETab& tab, std::string_view name, Reach reach = Reach::Shown);
+/// Whether the user sees the table.
+bool isShown(const KVXETable& table);
 /// The tab's first table whose rows the user makes; null when it has none.
 KVXETable* findMainTable(const KVXETab& tab);
 /// The names of the tables as they are written in a sheet.
@@ -29,6 +35,16 @@ std::vector<std::string> tableNames(const KVXETab& tab);
 std::optional<unsigned int> findColumn(const KVXETable& table, std::string_view name);
 /// The names of the columns that the user edits, as they are written in a sheet.
 std::vector<std::string> editableColumnNames(const KVXETable& table);
+/// The names by which a sheet refers to a tab, a table and a column, so that the functions above find them
+/// again; those of the table and the column follow what the screen shows. Empty when no name leads there.
+std::string writtenName(const KVXETab& tab);
+std::string writtenName(const KVXETable& table);
+std::string writtenName(const KVXETable& table, unsigned int column);
+/// Whether the column holds texts that the user does not edit: in a table with fixed rows they name the rows.
+bool isKeyColumn(const KVXETable& table, unsigned int column);
+/// The first such column.
+std::optional<unsigned int> findKeyColumn(const KVXETable& table);
+
 /// The name of a column on screen.
 std::string columnTitle(const KVXETable& table, unsigned int column);
 /// The default cell of a column.

@@ -103,6 +103,22 @@ Conversion convertFloat(const SheetValue& written, KVXEFloatCell& cell) {
   return {static_cast<float>(number), "", ""};
 }
 
+CellValue blankOf(const KVXECell& cell) {
+  switch (cell.getCellType()) {
+    case CellType::INT:
+      return kvxeBlank<int>;
+    case CellType::FLOAT:
+      return kvxeBlank<float>;
+    default:
+      return std::string();
+  }
+}
+
+bool isEmptyText(const SheetValue& written) {
+  const auto* text = std::get_if<std::string>(&written);
+  return text && text->empty();
+}
+
 /// A text; a number is taken for a drop-down entry that reads so.
 Conversion convertText(const SheetValue& written, KVXECell& cell) {
   std::string text;
@@ -141,7 +157,14 @@ Conversion checkList(const CellValue& value, const std::string& written, KVXECel
 
 }  // namespace
 
+bool isBlank(const CellValue& value) {
+  if (const auto* whole = std::get_if<int>(&value)) return *whole == kvxeBlank<int>;
+  if (const auto* real = std::get_if<float>(&value)) return *real == kvxeBlank<float>;
+  return std::get<std::string>(value).empty();
+}
+
 Conversion convertForCell(const SheetValue& written, KVXECell& cell) {
+  if (isEmptyText(written)) return {blankOf(cell), "", ""};
   Conversion result;
   switch (cell.getCellType()) {
     case CellType::INT:
@@ -160,7 +183,38 @@ Conversion convertForCell(const SheetValue& written, KVXECell& cell) {
   return failure.what.empty() ? result : failure;
 }
 
+Conversion convertStored(const SheetValue& written, KVXECell& cell) {
+  if (isEmptyText(written)) return {blankOf(cell), "", ""};
+  const auto* text = std::get_if<std::string>(&written);
+  if (cell.getCellType() == CellType::STRING)
+    return text && text->find('\0') == std::string::npos ? Conversion{*text, "", ""}
+                                                         : refuseType(written, "text");
+  double number = 0;
+  if (text || !readNumber(written, KVXEEnums::Unit::NO_UNIT, number).what.empty())
+    return refuseType(written, "number");
+  if (cell.getCellType() == CellType::FLOAT && std::fabs(number) <= std::numeric_limits<float>::max())
+    return {static_cast<float>(number), "", ""};
+  if (number != std::trunc(number) || std::fabs(number) > std::numeric_limits<int>::max())
+    return refuseType(written, "whole number");
+  return {static_cast<int>(number), "", ""};
+}
+
+SheetValue readStored(KVXECell& cell) {
+  if (cell.getCellType() == CellType::INT) {
+    int number = 0;
+    return cell.getVal(number, true) ? SheetValue(std::int64_t{number}) : SheetValue(std::string());
+  }
+  if (cell.getCellType() == CellType::FLOAT) {
+    float number = 0;
+    return cell.getVal(number, true) ? SheetValue(static_cast<double>(number)) : SheetValue(std::string());
+  }
+  std::string text;
+  cell.getVal(text, true);
+  return text;
+}
+
 Conversion checkLimits(const CellValue& value, const std::string& written, KVXECell& cell) {
+  if (isBlank(value)) return {value, "", ""};
   Conversion failure;
   if (const auto* whole = std::get_if<int>(&value))
     failure = checkRange(written, *whole, static_cast<KVXEIntCell&>(cell).getRange());
@@ -188,7 +242,10 @@ std::string adviseEntries(KVXECell& cell, const std::string& text) {
 }
 
 void writeAsUser(KVXECell& cell, const CellValue& value) {
-  std::visit([&cell](const auto& stored) { cell.setValAndState(stored, CellState::DIRTY_DIRTY); }, value);
+  if (isBlank(value))
+    cell.setBlankAndState(CellState::DIRTY_DIRTY);
+  else
+    std::visit([&cell](const auto& stored) { cell.setValAndState(stored, CellState::DIRTY_DIRTY); }, value);
   cell.setValueSource(KVXEEnums::ValueSource::USER);
 }
 
@@ -198,6 +255,7 @@ bool holds(KVXECell& cell, const CellValue& value) {
     cell.getVal(text, true);
     return text == *expected;
   }
+  if (std::string text; isBlank(value)) return !cell.getVal(text, true);
   if (const auto* expected = std::get_if<int>(&value)) {
     int number = 0;
     return cell.getVal(number, true) && number == *expected;

@@ -19,9 +19,14 @@ struct Conversion {
   std::string what, remedy;
 };
 
+/// Whether a value is the one that stands for a blank cell.
+bool isBlank(const CellValue& value);
+
 /// Converts what the user wrote into the type and the stored unit of a cell. Where no formula may change
-/// them, the cell's range and drop-down list hold already.
+/// them, the cell's range and drop-down list hold already. An empty text leaves a cell of any type blank.
 Conversion convertForCell(const SheetValue& written, KVXECell& cell);
+/// As above for a value that a workbook had stored: to the letter, without a unit, and whatever the limits.
+Conversion convertStored(const SheetValue& written, KVXECell& cell);
 /// Checks a converted value against the range and the list that the cell has after the calculation. `written`
 /// is what the user wrote.
 Conversion checkLimits(const CellValue& value, const std::string& written, KVXECell& cell);
@@ -31,6 +36,9 @@ Conversion checkLimits(const CellValue& value, const std::string& written, KVXEC
 std::optional<std::string> matchEntry(KVXECell& cell, const std::string& text);
 /// The entries of the cell's list as advice.
 std::string adviseEntries(KVXECell& cell, const std::string& text);
+
+/// The cell's value as a sheet may write it; an empty text for a blank cell.
+SheetValue readStored(KVXECell& cell);
 
 /// Writes as the user's own edit.
 void writeAsUser(KVXECell& cell, const CellValue& value);

@@ -1,5 +1,7 @@
 #include "clients/cli/ClockNames.h"
 
+#include <algorithm>
+
 #include "clients/cli/BookSpelling.h"
 #include "engine/base/config/ClockTag.h"
 #include "engine/base/tabs/KVXEClockTab.h"
@@ -17,7 +19,7 @@ bool ClockNames::isNameColumn(const KVXETable& table, unsigned int column) {
 }
 
 bool ClockNames::declare(const std::string& name) {
-  return m_tags.emplace(name, "").second;
+  return m_tags.try_emplace(name).second;
 }
 
 void ClockNames::readTags(KVXEBook& book) {
@@ -25,23 +27,32 @@ void ClockNames::readTags(KVXEBook& book) {
   std::vector<std::string> tags;
   if (tab) tab->getClockdropdown(tags);
   for (const std::string& tag : tags)
-    if (const auto parsed = kvxe::ClockTag::parse(tag)) m_tags[std::string(parsed->name)] = tag;
+    if (const auto parsed = kvxe::ClockTag::parse(tag)) m_tags[std::string(parsed->name)].push_back(tag);
 }
 
 std::optional<std::string> ClockNames::tagOf(const std::string& name) const {
-  const auto find = [this](const std::string& clock) {
-    const auto found = m_tags.find(clock);
-    return found == m_tags.end() || found->second.empty() ? std::nullopt : std::optional(found->second);
-  };
-  if (const auto tag = find(name)) return tag;
-  const auto parsed = kvxe::ClockTag::parse(name);
-  const auto tag = parsed ? find(std::string(parsed->name)) : std::nullopt;
-  return tag == name ? tag : std::nullopt;
+  if (const auto parsed = kvxe::ClockTag::parse(name)) {
+    const auto clock = m_tags.find(std::string(parsed->name));
+    if (clock != m_tags.end() && std::ranges::find(clock->second, name) != clock->second.end()) return name;
+  }
+  const auto clock = m_tags.find(name);
+  return clock != m_tags.end() && clock->second.size() == 1 ? std::optional(clock->second.front())
+                                                            : std::nullopt;
+}
+
+bool ClockNames::isAmbiguous(const std::string& name) const {
+  const auto clock = m_tags.find(name);
+  return clock != m_tags.end() && clock->second.size() > 1;
+}
+
+std::optional<std::string> ClockNames::nameIn(const std::string& tag) {
+  const auto parsed = kvxe::ClockTag::parse(tag);
+  return parsed ? std::optional(std::string(parsed->name)) : std::nullopt;
 }
 
 std::vector<std::string> ClockNames::names() const {
   std::vector<std::string> names;
-  for (const auto& [name, tag] : m_tags) names.push_back(name);
+  for (const auto& [name, tags] : m_tags) names.push_back(name);
   return names;
 }
 

@@ -5,8 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "clients/cli/Place.h"
-
 class KVXEBook;
 class KVXETable;
 
@@ -26,14 +24,18 @@ class ClockNames {
   /// Reads the tags that the book's clocks have by now.
   void readTags(KVXEBook& book);
 
-  /// The tag of a clock by its name, or by the tag itself.
+  /// The tag of a clock by the tag itself, or by its name if that is no other clock's.
   std::optional<std::string> tagOf(const std::string& name) const;
+  /// Whether clocks of different frequencies have the name.
+  bool isAmbiguous(const std::string& name) const;
   /// Whether the sheet declares such a clock, which then lacks a frequency if it has no tag.
   bool isDeclared(const std::string& name) const { return m_tags.count(name) > 0; }
   std::vector<std::string> names() const;
+  /// The name in a clock's tag; none for any other text.
+  static std::optional<std::string> nameIn(const std::string& tag);
 
  private:
-  std::map<std::string, std::string> m_tags;  ///< by name; empty while a clock has none
+  std::map<std::string, std::vector<std::string>> m_tags;  ///< by name; none while a clock has none
 };
 
 }  // namespace kvx

@@ -4,6 +4,9 @@
 #include <cmath>
 #include <iostream>
 
+#include "clients/cli/CheckCommand.h"
+#include "clients/cli/ConvertCommand.h"
+#include "clients/cli/DiffCommand.h"
 #include "clients/cli/EstimateCommand.h"
 #include "clients/cli/PartsCommand.h"
 #include "clients/cli/Spelling.h"
@@ -29,14 +32,17 @@ struct Arguments {
   EstimateRequest estimate;
   std::string budget;
   PartsRequest parts;
+  ConvertRequest convert;
+  DiffRequest diff;
+  std::string checked;
 };
 
 void describeEstimate(CLI::App& command, Arguments& arguments) {
-  command.add_option("sheet", arguments.estimate.sheet, "the design sheet")->required();
+  command.add_option("design", arguments.estimate.path, "a design sheet, or a project (.kvx)")->required();
   command.add_flag("--json", arguments.estimate.isJson, "print one JSON document instead of tables");
   command
       .add_option("--set", arguments.estimate.overrides,
-                  "override a value of the sheet: part=P, process=P, environment.KEY=V or\n"
+                  "override a value of the design: part=P, process=P, environment.KEY=V or\n"
                   "TAB.TABLE.ROW.COLUMN=V, with the row's number or name; may be repeated")
       ->allow_extra_args(false);
   command.add_option("--budget", arguments.budget, "fail with status 1 above this many watts");
@@ -50,6 +56,21 @@ void describeParts(CLI::App& command, Arguments& arguments) {
                   "only devices with this resource: NAME or \"NAME>=COUNT\"; may be repeated")
       ->allow_extra_args(false);
   command.add_flag("--json", arguments.parts.isJson, "print one JSON document instead of a table");
+}
+
+void describeConvert(CLI::App& command, Arguments& arguments) {
+  command.add_option("source", arguments.convert.source, "a design sheet, or a project (.kvx)")->required();
+  command
+      .add_option("target", arguments.convert.target,
+                  "the other of the two; \"-\" writes a sheet to standard output")
+      ->required();
+  command.add_flag("--force", arguments.convert.isForced, "replace a file that is there");
+}
+
+void describeDiff(CLI::App& command, Arguments& arguments) {
+  command.add_option("a", arguments.diff.a, "a design sheet, or a project (.kvx)")->required();
+  command.add_option("b", arguments.diff.b, "another")->required();
+  command.add_flag("--json", arguments.diff.isJson, "print one JSON document instead of tables");
 }
 
 void readBudget(Arguments& arguments, Diagnostics& diagnostics) {
@@ -66,8 +87,14 @@ void readBudget(Arguments& arguments, Diagnostics& diagnostics) {
 Outcome runVerb(const CLI::App& application, Arguments& arguments, std::ostream& errors) {
   Diagnostics diagnostics;
   readBudget(arguments, diagnostics);
-  Outcome outcome = application.got_subcommand("parts") ? runParts(arguments.parts, diagnostics)
-                                                        : runEstimate(arguments.estimate, diagnostics);
+  const auto run = [&]() -> Outcome {
+    if (application.got_subcommand("parts")) return runParts(arguments.parts, diagnostics);
+    if (application.got_subcommand("convert")) return runConvert(arguments.convert, diagnostics);
+    if (application.got_subcommand("diff")) return runDiff(arguments.diff, diagnostics);
+    if (application.got_subcommand("check")) return runCheck(arguments.checked, diagnostics);
+    return runEstimate(arguments.estimate, diagnostics);
+  };
+  Outcome outcome = run();
   diagnostics.print(errors);
   if (!diagnostics.isEmpty()) return {ExitStatus::BadInput, ""};
   return outcome;
@@ -81,9 +108,15 @@ Outcome runCommandLine(int argc, const char* const* argv, std::ostream& errors) 
   application.set_version_flag("--version", "kvx " KVX_VERSION);
   application.require_subcommand(1);
   Arguments arguments;
-  describeEstimate(*application.add_subcommand("estimate", "Estimate the power of a design sheet"),
-                   arguments);
+  describeEstimate(*application.add_subcommand("estimate", "Estimate the power of a design"), arguments);
   describeParts(*application.add_subcommand("parts", "List the parts of the catalogue"), arguments);
+  describeConvert(
+      *application.add_subcommand("convert", "Make a project of a design sheet, or the sheet of a project"),
+      arguments);
+  describeDiff(*application.add_subcommand("diff", "Tell what two designs do not share"), arguments);
+  application.add_subcommand("check", "Tell whether a project file is whole, and what is inside")
+      ->add_option("project", arguments.checked, "a project (.kvx)")
+      ->required();
   try {
     application.parse(argc, argv);
   } catch (const CLI::Success& request) {  // help and version

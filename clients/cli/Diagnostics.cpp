@@ -14,14 +14,22 @@ std::size_t Diagnostics::sourceOf(const std::string& name) {
   return m_sources.size() - 1;
 }
 
-void Diagnostics::add(const Place& place, const std::string& what, const std::string& remedy) {
+std::string Diagnostics::compose(const Place& place, const std::string& what) {
   std::string text = place.source + ":";
   if (place.line > 0) text += std::to_string(place.line) + ":";
   text += " " + what;
-  if (!remedy.empty()) text += "; " + remedy;
   constexpr std::size_t Longest = 1000;  // keys are the user's, of any length
   if (text.size() > Longest) text = text.substr(0, Longest) + "...";
-  m_entries.push_back({sourceOf(place.source), place.line, printable(text)});
+  return printable(text);
+}
+
+void Diagnostics::add(const Place& place, const std::string& what, const std::string& remedy) {
+  const std::string text = compose(place, remedy.empty() ? what : what + "; " + remedy);
+  m_entries.push_back({sourceOf(place.source), place.line, text});
+}
+
+void Diagnostics::note(const Place& place, const std::string& what) {
+  m_notes.push_back(compose(place, "note: " + what));
 }
 
 void Diagnostics::addLine(const std::string& line) {
@@ -29,6 +37,7 @@ void Diagnostics::addLine(const std::string& line) {
 }
 
 void Diagnostics::print(std::ostream& out) const {
+  for (const std::string& note : m_notes) out << note << '\n';
   std::vector<const Entry*> entries;
   for (const Entry& entry : m_entries) entries.push_back(&entry);
   std::stable_sort(entries.begin(), entries.end(), [](const Entry* a, const Entry* b) {

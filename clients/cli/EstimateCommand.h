@@ -12,15 +12,14 @@ namespace kvx {
 
 /// What `kvx estimate` is told.
 struct EstimateRequest {
-  std::string sheet;                   ///< path
+  std::string path;                    ///< of a sheet or a project
   std::vector<std::string> overrides;  ///< "path=value"
   std::optional<double> budget;        ///< watts
   bool isJson = false;
 };
 
-/// Reads a sheet, fills a new book with it, calculates and reads the results. Nothing if the input has
-/// mistakes, which are in the diagnostics then.
-std::optional<Estimate> estimateSheet(const EstimateRequest& request, Diagnostics& diagnostics);
+/// Reads a design and its results. Nothing if the input has mistakes, which are in the diagnostics then.
+std::optional<Estimate> estimateDesign(const EstimateRequest& request, Diagnostics& diagnostics);
 
 /// `kvx estimate`: the status, and what goes to standard output.
 Outcome runEstimate(const EstimateRequest& request, Diagnostics& diagnostics);

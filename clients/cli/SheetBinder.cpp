@@ -1,5 +1,6 @@
 #include "clients/cli/SheetBinder.h"
 
+#include <algorithm>
 #include <charconv>
 #include <map>
 
@@ -7,6 +8,7 @@
 #include "clients/cli/Spelling.h"
 #include "engine/base/workbook/KVXECell.h"
 #include "engine/base/workbook/KVXERow.h"
+#include "engine/wizard/base/KVXEWizardMgr.h"
 
 namespace kvx {
 
@@ -18,23 +20,28 @@ std::string tableName(const KVXETable& table) {
   return "table " + inQuotes(table.getTableTitle()->getTag(KVXEEnums::TitleType::DISPLAY));
 }
 
-/// The first text column that the user does not edit: in a table with fixed rows it names them.
-std::optional<unsigned int> findKeyColumn(const KVXETable& table) {
-  for (unsigned int column = 0; column < table.getColumnCount(); ++column)
-    if (table.getColumnType(column) == KVXEEnums::CellType::STRING &&
-        !columnCell(table, column)->getIsEditable())
-      return column;
-  return std::nullopt;
-}
-
 std::optional<unsigned int> findFirstTextColumn(const KVXETable& table) {
   for (unsigned int column = 0; column < table.getColumnCount(); ++column)
     if (table.getColumnType(column) == KVXEEnums::CellType::STRING) return column;
   return std::nullopt;
 }
 
-bool isEditableCell(const KVXETable& table, unsigned int row, unsigned int column) {
-  return columnCell(table, column)->getIsEditable() || table.getCellAt(row, column)->getIsEditable();
+/// Whether the user enters anything in the column. In which of the fixed rows may follow from other cells:
+/// the calculation will tell.
+bool takesInput(const KVXETable& table, unsigned int row, unsigned int column) {
+  const bool isEditable =
+      columnCell(table, column)->getIsEditable() || table.getCellAt(row, column)->getIsEditable();
+  if (isEditable || table.getHasTableEditingFeatures()) return isEditable;
+  for (unsigned int other = 1; other < table.getRowCount(); ++other)
+    if (table.getCellAt(other, column)->getIsEditable()) return true;
+  return false;
+}
+
+/// What a workbook had stored goes back also to where the user does not get.
+Reach reachOf(const SheetRow& row) {
+  const bool isStored = std::any_of(row.cells.begin(), row.cells.end(),
+                                    [](const Assignment& cell) { return cell.source.has_value(); });
+  return isStored ? Reach::All : Reach::Shown;
 }
 
 }  // namespace
@@ -52,6 +59,9 @@ void SheetBinder::bind(const Sheet& sheet, float startThetaJa) {
     bindRow(row);
   }
   if (!sheet.isDamaged) resolveClocks();
+  KVXEWizardMgr::clearAllSavedIPConfigs();
+  for (const IpConfiguration& configuration : sheet.ipConfigurations)
+    KVXEWizardMgr::getGlobal().saveConfig(configuration.uid, configuration.properties);
 }
 
 // From an entry of the sheet to a row of the book.
@@ -77,12 +87,12 @@ void SheetBinder::bindRow(const SheetRow& row) {
 }
 
 KVXETable* SheetBinder::findTarget(const SheetRow& row) {
-  const KVXETab* tab = findTab(m_book, row.tab);
+  const KVXETab* tab = findTab(m_book, row.tab, reachOf(row));
   if (!tab) {
     fail(row.place, "the device has no tab " + inQuotes(row.tab), adviseName(row.tab, tabNames(m_book)));
     return nullptr;
   }
-  KVXETable* table = row.table.empty() ? findMainTable(*tab) : findTable(*tab, row.table);
+  KVXETable* table = row.table.empty() ? findMainTable(*tab) : findTable(*tab, row.table, reachOf(row));
   if (table) return table;
   const std::string what = row.table.empty()
                                ? "tab " + inQuotes(row.tab) + " has no table for rows of its own"
@@ -95,6 +105,7 @@ KVXETable* SheetBinder::findTarget(const SheetRow& row) {
 
 unsigned int SheetBinder::findTargetRow(KVXETable& table, const SheetRow& row) {
   if (row.row) return findNamedRow(table, *row.row, row.place);
+  if (row.number) return findNumberedRow(table, *row.number);
   if (!table.getHasTableEditingFeatures()) return findFixedRow(table, row);
   unsigned int& filled = m_filledRows[&table];
   if (filled == MostRows) {
@@ -104,6 +115,24 @@ unsigned int SheetBinder::findTargetRow(KVXETable& table, const SheetRow& row) {
   }
   table.getOrCreateRow(++filled);
   return filled;
+}
+
+/// The row of `row = 7`. In a table that grows with the sheet the rows above it stay blank.
+unsigned int SheetBinder::findNumberedRow(KVXETable& table, const Assignment& number) {
+  unsigned int& filled = m_filledRows[&table];
+  const bool isGrown = table.getHasTableEditingFeatures();
+  const unsigned int least = isGrown ? filled + 1 : 1;
+  const unsigned int most = isGrown ? MostRows : table.getRowCount() - 1;
+  const auto* index = std::get_if<std::int64_t>(&number.value);
+  if (!index || *index < least || *index > most) {
+    fail(number.place, describeValue(number.value) + " is no row that can follow in " + tableName(table),
+         "give a number from " + std::to_string(least) + " to " + std::to_string(most));
+    return 0;
+  }
+  const auto row = static_cast<unsigned int>(*index);
+  if (isGrown) filled = row;
+  table.getOrCreateRow(row);
+  return row;
 }
 
 /// The row of an override: its number on screen, or its text.
@@ -140,10 +169,8 @@ unsigned int SheetBinder::findFixedRow(KVXETable& table, const SheetRow& row) {
   const Assignment* key = nullptr;
   for (const Assignment& assignment : row.cells) {
     const auto column = findColumn(table, assignment.key);
-    if (!column || (keyColumn && *keyColumn <= *column)) continue;
-    if (table.getColumnType(*column) != KVXEEnums::CellType::STRING ||
-        columnCell(table, *column)->getIsEditable())
-      continue;
+    if (!column || assignment.source || (keyColumn && *keyColumn <= *column)) continue;
+    if (!isKeyColumn(table, *column)) continue;
     keyColumn = column;
     key = &assignment;
   }
@@ -166,7 +193,7 @@ unsigned int SheetBinder::findFixedRow(KVXETable& table, const SheetRow& row) {
 void SheetBinder::bindCell(KVXETable& table, unsigned int row, unsigned int column,
                            const Assignment& assignment, bool isOverride) {
   KVXECell& cell = *table.getCellAt(row, column);
-  if (!isEditableCell(table, row, column)) {
+  if (!assignment.source && !takesInput(table, row, column)) {
     // In a table with fixed rows the cell that names the row is no edit.
     const auto* text = std::get_if<std::string>(&assignment.value);
     std::string present;
@@ -176,7 +203,7 @@ void SheetBinder::bindCell(KVXETable& table, unsigned int row, unsigned int colu
                 "remove it, or give " + listInQuotes(editableColumnNames(table)));
   }
   if (ClockNames::isClockColumn(table, column)) return bindClock(cell, assignment, isOverride);
-  if (ClockNames::isNameColumn(table, column)) declareClock(assignment);
+  if (ClockNames::isNameColumn(table, column) && !assignment.source) declareClock(assignment);
   write(cell, assignment, isOverride);
 }
 
@@ -186,12 +213,13 @@ void SheetBinder::bindClock(KVXECell& cell, const Assignment& assignment, bool i
     return fail(assignment.place, inQuotes(assignment.key) + " takes the name of a clock",
                 "give the name in quotes");
   if (isOverride) std::erase_if(m_clockUses, [&cell](const ClockUse& use) { return use.cell == &cell; });
-  m_clockUses.push_back({&cell, *name, assignment.key, assignment.place, m_isFailed.size() - 1});
+  m_clockUses.push_back(
+      {&cell, *name, assignment.key, assignment.place, m_isFailed.size() - 1, assignment.source});
 }
 
 void SheetBinder::declareClock(const Assignment& assignment) {
   const auto* name = std::get_if<std::string>(&assignment.value);
-  if (!name || m_clocks.declare(*name)) return;
+  if (!name || name->empty() || m_clocks.declare(*name)) return;
   fail(assignment.place, "there are two clocks " + inQuotes(*name), "give each clock a name of its own");
 }
 
@@ -207,12 +235,19 @@ bool SheetBinder::isOverwritten(const KVXECell& cell, const Assignment& assignme
 
 void SheetBinder::write(KVXECell& cell, const Assignment& assignment, bool isOverride) {
   if (isOverwritten(cell, assignment, isOverride)) return;
-  const Conversion conversion = convertForCell(assignment.value, cell);
+  const Conversion conversion =
+      assignment.source ? convertStored(assignment.value, cell) : convertForCell(assignment.value, cell);
   if (!conversion.value)
     return fail(assignment.place, assignment.key + ": " + conversion.what, conversion.remedy);
   writeAsUser(cell, *conversion.value);
-  Write write{&cell,          *conversion.value, describeValue(assignment.value),
-              assignment.key, assignment.place,  m_isFailed.size() - 1};
+  if (assignment.source) cell.setValueSource(*assignment.source);
+  Write write{&cell,
+              *conversion.value,
+              describeValue(assignment.value),
+              assignment.key,
+              assignment.place,
+              m_isFailed.size() - 1,
+              assignment.source.has_value()};
   const auto [found, isNew] = m_writeOf.emplace(&cell, m_writes.size());
   if (isNew)
     m_writes.push_back(std::move(write));
@@ -223,12 +258,18 @@ void SheetBinder::write(KVXECell& cell, const Assignment& assignment, bool isOve
 void SheetBinder::resolveClocks() {
   m_clocks.readTags(m_book);
   for (const ClockUse& use : m_clockUses) {
-    if (const auto tag = m_clocks.tagOf(use.clock)) {
-      writeAsUser(*use.cell, *tag);
+    const auto tag = m_clocks.tagOf(use.clock);
+    if (tag || use.source || use.clock.empty()) {
+      writeAsUser(*use.cell, tag.value_or(use.clock));
+      use.cell->setValueSource(use.source.value_or(KVXEEnums::ValueSource::USER));
       continue;
     }
     m_isFailed[use.entry] = true;
-    if (m_clocks.isDeclared(use.clock))
+    if (m_clocks.isAmbiguous(use.clock))
+      m_diagnostics.add(use.place,
+                        use.name + ": there are clocks " + inQuotes(use.clock) + " of several frequencies",
+                        "name the one that is meant by its tag, as in \"250.000 MHz (" + use.clock + ")\"");
+    else if (m_clocks.isDeclared(use.clock))
       m_diagnostics.add(use.place, use.name + ": clock " + inQuotes(use.clock) + " has no frequency",
                         "give the clock's row a frequency");
     else
@@ -241,7 +282,7 @@ void SheetBinder::resolveClocks() {
 
 void SheetBinder::verify() {
   for (const Write& write : m_writes)
-    if (!m_isFailed[write.entry]) verifyWrite(write);
+    if (!write.isStored && !m_isFailed[write.entry]) verifyWrite(write);
 }
 
 /// The device or a setting of the sheet leaves the row out, with all that the entry says of it.

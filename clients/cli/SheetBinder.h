@@ -39,6 +39,7 @@ class SheetBinder {
     std::string name;     ///< of the column, or the key
     Place place;
     std::size_t entry;  ///< the row of the sheet
+    bool isStored;      ///< by another workbook, so that this one need not accept it
   };
   /// A cell that names a clock; it is written when all clocks are known.
   struct ClockUse {
@@ -47,11 +48,13 @@ class SheetBinder {
     std::string name;
     Place place;
     std::size_t entry;
+    std::optional<KVXEEnums::ValueSource> source;
   };
 
   void bindRow(const SheetRow& row);
   KVXETable* findTarget(const SheetRow& row);
   unsigned int findTargetRow(KVXETable& table, const SheetRow& row);
+  unsigned int findNumberedRow(KVXETable& table, const Assignment& number);
   unsigned int findNamedRow(KVXETable& table, const std::string& text, const Place& place);
   unsigned int findFixedRow(KVXETable& table, const SheetRow& row);
   unsigned int reportUnknownRow(const KVXETable& table, unsigned int column, const std::string& text,

@@ -52,6 +52,7 @@ class DocumentReader {
     const std::string name(key.str());
     if (std::optional<Assignment>* setting = settingOf(name)) return readSetting(key, node, *setting);
     if (isSameSpelling(name, "environment")) return readEnvironment(key, node);
+    if (isSameSpelling(name, "ip_configuration")) return readIpConfigurations(key, node);
     if (const toml::array* rows = node.as_array(); rows && (rows->empty() || rows->is_array_of_tables()))
       return readRows(*rows, name, "");
     if (const toml::table* table = node.as_table()) return readTab(key, *table);
@@ -87,6 +88,33 @@ class DocumentReader {
     for (Assignment& cell : cells) m_sheet.environment.push_back(std::move(cell));
   }
 
+  /// `[ip_configuration.UID]`: the texts with which the IP's dialog was filled.
+  void readIpConfigurations(const toml::key& key, const toml::node& node) {
+    const toml::table* table = node.as_table();
+    if (!table) return reportIpConfiguration(placeOf(key));
+    for (const auto& [uid, child] : *table) {
+      const toml::table* properties = child.as_table();
+      if (!properties) {
+        reportIpConfiguration(placeOf(uid));
+        continue;
+      }
+      IpConfiguration configuration{std::string(uid.str()), {}};
+      for (const auto& [name, text] : *properties) {
+        if (const auto value = text.value_exact<std::string>())
+          configuration.properties.emplace(name.str(), *value);
+        else
+          m_diagnostics.add(placeOf(name), inQuotes(name.str()) + " of an IP has to be a text",
+                            "put it in quotes");
+      }
+      m_sheet.ipConfigurations.push_back(std::move(configuration));
+    }
+  }
+
+  void reportIpConfiguration(const Place& place) {
+    m_diagnostics.add(place, "\"ip_configuration\" holds a table of texts for each IP",
+                      "begin each with [ip_configuration.NAME]");
+  }
+
   /// `[tab]`: holds nothing but the rows of its tables.
   void readTab(const toml::key& key, const toml::table& table) {
     const std::string tab(key.str());
@@ -120,10 +148,22 @@ class DocumentReader {
                             "write [[tab]] or [[tab.table]], no deeper");
       }
       row.cells = readCells(content);
-      if (row.cells.empty() && !hasTables && !m_sheet.isDamaged)
+      takeNumber(row);
+      const bool isEmpty = content.size() == (row.number ? 1u : 0u);
+      if (isEmpty && !hasTables && !m_sheet.isDamaged)
         m_diagnostics.add(row.place, "the row is empty", "give it at least one column, or remove it");
       if (!row.cells.empty()) m_sheet.rows.push_back(std::move(row));
     }
+  }
+
+  /// `row = 7` is no cell.
+  static void takeNumber(SheetRow& row) {
+    const auto found = std::find_if(row.cells.begin(), row.cells.end(), [](const Assignment& cell) {
+      return isSameSpelling(cell.key, RowNumberKey);
+    });
+    if (found == row.cells.end()) return;
+    row.number = *found;
+    row.cells.erase(found);
   }
 
   std::vector<Assignment> readCells(const toml::table& table) {
@@ -131,7 +171,9 @@ class DocumentReader {
     for (const auto& [key, node] : table) {
       if (const toml::array* rows = node.as_array(); rows && !rows->empty() && rows->is_array_of_tables())
         continue;
-      if (const auto value = readValue(node)) {
+      if (const toml::table* stored = node.as_table(); stored && stored->is_inline()) {
+        readStored(key, *stored, cells);
+      } else if (const auto value = readValue(node)) {
         cells.push_back({std::string(key.str()), *value, placeOf(key)});
       } else {
         m_diagnostics.add(placeOf(key), inQuotes(key.str()) + " has a value that no cell can hold",
@@ -141,6 +183,26 @@ class DocumentReader {
     std::stable_sort(cells.begin(), cells.end(),
                      [](const Assignment& a, const Assignment& b) { return a.place.line < b.place.line; });
     return cells;
+  }
+
+  /// `{ value = ..., source = "XML" }`
+  void readStored(const toml::key& key, const toml::table& table, std::vector<Assignment>& cells) {
+    const toml::node* node = table.get("value");
+    const auto value = node ? readValue(*node) : std::nullopt;
+    const auto source = sourceOf(table["source"].value_or(std::string()));
+    if (value && source && table.size() == 2)
+      cells.push_back({std::string(key.str()), *value, placeOf(key), source});
+    else
+      m_diagnostics.add(
+          placeOf(key), inQuotes(key.str()) + " has a value that no cell can hold",
+          "write { value = ..., source = \"USER\" }, or \"XML\" or \"IP\" for what was imported");
+  }
+
+  static std::optional<KVXEEnums::ValueSource> sourceOf(const std::string& text) {
+    using KVXEEnums::ValueSource;
+    for (const ValueSource source : {ValueSource::USER, ValueSource::XML, ValueSource::IP})
+      if (KVXEEnums::nameOf(source) == text) return source;
+    return std::nullopt;
   }
 
   static std::optional<SheetValue> readValue(const toml::node& node) {

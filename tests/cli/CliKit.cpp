@@ -52,7 +52,7 @@ SheetResult estimateText(const std::string& sheet, const std::vector<std::string
   const std::string path = directory.write("sheet", sheet);
   const Captured engineOutput;
   kvx::Diagnostics diagnostics;
-  SheetResult result{kvx::estimateSheet({path, overrides, std::nullopt, false}, diagnostics), ""};
+  SheetResult result{kvx::estimateDesign({path, overrides, std::nullopt, false}, diagnostics), ""};
   std::ostringstream mistakes;
   diagnostics.print(mistakes);
   result.mistakes = mistakes.str();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "clients/cli/DiffCommand.h"
 #include "clients/cli/JsonEstimate.h"
 #include "tests/cli/CliKit.h"
 
@@ -21,7 +22,7 @@ std::vector<std::string> blocksBehind(const std::string& document, const std::st
 TEST(DesignSheetDocument, SheetsDoWhatItSays) {
   const std::string document = readFile(KVX_SOURCE_DIR "/docs/design-sheet.md");
   const auto sheets = blocksBehind(document, "<!-- sheet: estimates -->");
-  EXPECT_EQ(sheets.size(), 3u);
+  EXPECT_EQ(sheets.size(), 4u);
   for (const std::string& sheet : sheets) EXPECT_EQ(estimateText(sheet).mistakes, "") << sheet;
   const auto wrong = blocksBehind(document, "<!-- sheet: mistakes -->");
   auto mistakes = blocksBehind(document, "<!-- mistakes -->");
@@ -55,8 +56,10 @@ TEST(JsonDocument, NamesEveryMember) {
   full.resources.emplace_back();
   full.components.emplace_back();
   full.messages.emplace_back();
+  const kvx::DesignDifference difference{{kvx::Difference()}, {kvx::Difference()}};
   std::vector<std::string> members;
   collectMembers(nlohmann::json::parse(kvx::jsonEstimate(full)), "", members);
+  collectMembers(nlohmann::json::parse(kvx::jsonDifference({}, difference)), "", members);
   const std::string document = readFile(KVX_SOURCE_DIR "/docs/json.md");
   for (const std::string& member : members) {
     const std::string last = member.substr(member.find_last_of('.') + 1);

@@ -124,6 +124,31 @@ const WrongSheet wrongSheets[] = {
      "[environment]\njunction_temperature = 80\neffective_theta_ja = 1\n",
      {"sheet:5: the junction temperature cannot be both given and calculated from the thermal resistance; "
       "*"}},
+    {"row above the last",
+     "[[logic]]\nrow = 3\nregisters = 1\n[[logic]]\nrow = 3\nregisters = 1\n",
+     {"sheet:7: 3 is no row that can follow in table \"Logic Settings\"; give a number from 4 to 20000"}},
+    {"row that is no number",
+     "[[logic]]\nrow = 'a'\nregisters = 1\n[[ps.processors]]\nrow = 9\nload = 1\n",
+     {"sheet:4: \"a\" is no row that can follow in *", "sheet:7: 9 is no row that can follow in *"}},
+    {"source of another kind",
+     "[[logic]]\nregisters = { value = 1, source = 'Me' }\nname = { value = 'a' }\n"
+     "clock = { value = [1], source = 'XML' }\n",
+     {"sheet:4: \"registers\" has a value that no cell can hold; write { value = ..., *", "sheet:5: *",
+      "sheet:6: *"}},
+    {"stored value of another type",
+     "[[logic]]\nregisters = { value = '1', source = 'XML' }\ntoggle_rate = { value = 'a', source = 'XML' }\n"
+     "name = { value = 5, source = 'XML' }\n",
+     {"sheet:4: registers: \"1\" is no number; *", "sheet:5: toggle_rate: *",
+      "sheet:6: name: 5 is no text; *"}},
+    {"clock of two frequencies",
+     Clock + "[[clock]]\nname = { value = 'clk', source = 'USER' }\nfrequency = 200\n"
+             "[[logic]]\nclock = 'clk'\n[[logic]]\nclock = '200.000 MHz (clk)'\n",
+     {"sheet:11: clock: there are clocks \"clk\" of several frequencies; name the one that is meant by its "
+      "tag, *"}},
+    {"IP configuration",
+     "[ip_configuration]\na = 1\n[ip_configuration.b]\nwidth = 3\n",
+     {"sheet:4: \"ip_configuration\" holds a table of texts for each IP; *",
+      "sheet:6: \"width\" of an IP has to be a text; put it in quotes"}},
     {"all in one run",
      "[environment]\nambient = 'warm'\n[[logic]]\nname = 'a'\nclock = 'x'\nlut = 7\n[[fabric]]\nname = 'b'\n",
      {"sheet:4: *", "sheet:7: clock: there is no clock \"x\"; there are none", "sheet:8: *",

@@ -16,6 +16,7 @@
 #include "engine/base/tabs/KVXEClockTab.h"
 #include "tests/kit/Captured.h"
 #include "tests/kit/DeviceBook.h"
+#include "tests/kit/InChild.h"
 #include "tests/kit/Messages.h"
 #include "tests/kit/ProjectDirectory.h"
 
@@ -186,18 +187,6 @@ TEST_F(Project, SweepsWhatNobodyHolds) {
 }
 
 // What a damaged or hostile disk does.
-
-/// Runs in a process of its own, so that what it does to its limits ends with it.
-void inChild(const std::function<void()>& act) {
-  const pid_t child = fork();
-  if (child == 0) {
-    act();
-    _exit(::testing::Test::HasFailure() ? 1 : 0);
-  }
-  int status = 0;
-  ASSERT_EQ(waitpid(child, &status, 0), child);
-  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "see above";
-}
 
 TEST_F(Project, SurvivesADiskThatTakesNoMore) {
   KVXEProject project;

@@ -4,6 +4,7 @@
 
 #include "engine/base/project/KVXEXmlReadWrite.h"
 #include "engine/base/project/XmlOutput.h"
+#include "engine/base/project/XmlScan.h"
 #include "engine/base/selection/KVXEPartSelection.h"
 #include "engine/base/tabs/KVXEPowerDesignTitles.h"
 #include "engine/base/workbook/KVXEBook.h"
@@ -37,16 +38,27 @@ std::string valueOf(KVXECell* cell) {
   return cell->getVal(text, true) ? text : std::string();
 }
 
-std::size_t cellsOf(const KVXEBook& book) {
+[[noreturn]] void refuse(const std::string& what, std::size_t count, std::size_t most) {
+  throw NException(what + " " + std::to_string(count) + "; a project file holds " + std::to_string(most) +
+                   ". Delete rows that are not used.");
+}
+
+/// What is saved must open again.
+void checkSize(const KVXEBook& book) {
   std::size_t cells = 0;
   for (unsigned int i = 0; i < book.getTabCount(); ++i) {
     const KVXETab* tab = book.getTab(i);
     for (unsigned int j = 0; tab && j < tab->getTableCount(); ++j) {
       const KVXETable* table = tab->getTable(j);
-      cells += std::size_t{table->getRowCount()} * table->getColumnCount();
+      const std::size_t rows = table->getRowCount(), columns = table->getColumnCount();
+      // A row is an element with a list of attributes, two for each cell.
+      if (rows * 2 * (columns + 1) > kvxe::maxXmlNodes)
+        refuse("The rows of table \"" + table->getTableTitle()->getDisplayTag(false) + "\" are", rows,
+               kvxe::maxXmlNodes / (2 * (columns + 1)));
+      cells += rows * columns;
     }
   }
-  return cells;
+  if (cells > KVXEVersion::MaxCells) refuse("The cells of the book are", cells, KVXEVersion::MaxCells);
 }
 
 /// Rows that are told apart by a column need different values there.
@@ -110,9 +122,7 @@ void KVXEVersion::write(const std::string& xmlPath) {
   if (!selection) return;
   const KVXEBook* book = KVXEBookMgr::getGlobal().getOrCreateCurrentBook(selection->getArchName());
   if (!book) return;
-  if (const std::size_t cells = cellsOf(*book); cells > MaxCells)
-    throw NException("The book has " + std::to_string(cells) + " cells; a project file holds " +
-                     std::to_string(MaxCells) + ". Delete rows that are not used.");
+  checkSize(*book);
   KVXEXmlReadWrite(fileOr(xmlPath)).writeXml(true, [&](kvxe::XmlOutput& out) {
     out.open("Version");
     out.open("Book");

@@ -39,7 +39,10 @@ fs::path stagingRoot() {
 
 StagingLock::StagingLock(const fs::path& directory)
     : m_descriptor(open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)) {
-  if (m_descriptor < 0) return;
+  if (m_descriptor < 0) {
+    m_isHeld = errno != ENOENT;  // a directory that cannot be opened cannot be locked by anybody
+    return;
+  }
   m_isLocked = flock(m_descriptor, LOCK_EX | LOCK_NB) == 0;
   const bool isTaken = !m_isLocked && errno == EWOULDBLOCK;
   m_isHeld = !isTaken && isStillThere(m_descriptor, directory);

@@ -1,5 +1,8 @@
 #include "engine/base/project/XmlOutline.h"
 
+#include <algorithm>
+#include <boost/property_tree/detail/xml_parser_error.hpp>
+
 #include "engine/base/project/KVXEXmlReadWrite.h"
 #include "engine/base/project/XmlEscapes.h"
 #include "engine/base/project/XmlScan.h"
@@ -18,10 +21,15 @@ class XmlOutline::Builder : public XmlListener {
     m_path.resize(m_lengths.empty() ? 0 : m_lengths.back());
     if (!m_path.empty()) m_path += '.';
     m_path += name;
+    if (m_path.size() > MaxPathLength)
+      refuse("names of elements longer than " + std::to_string(MaxPathLength) + " bytes together", begin);
     m_lengths.push_back(m_path.size());
     ptree& parent = *m_open.back();
+    const bool isNew = m_depth < Depth || m_outline.m_counts[m_path]++ == 0;
+    if (isNew && ++m_elements > MaxElements)
+      refuse("more than " + std::to_string(MaxElements) + " elements above the rows", begin);
     if (m_depth == Depth) {
-      if (m_outline.m_counts[m_path]++ == 0) parent.push_back({name, ptree()});
+      if (isNew) parent.push_back({name, ptree()});
     } else {
       m_open.push_back(&parent.push_back({name, ptree()})->second);
       m_ranges.push_back({m_path, m_outline.m_ranges.try_emplace(m_path, Range{begin, begin}).second});
@@ -38,6 +46,13 @@ class XmlOutline::Builder : public XmlListener {
   }
 
  private:
+  [[noreturn]] void refuse(const std::string& what, std::size_t at) const {
+    const auto line = 1 + std::count(m_outline.m_text.begin(),
+                                     m_outline.m_text.begin() + static_cast<std::ptrdiff_t>(at), '\n');
+    throw boost::property_tree::xml_parser::xml_parser_error(what, m_outline.m_fileName,
+                                                             static_cast<unsigned long>(line));
+  }
+
   XmlOutline& m_outline;
   std::vector<ptree*> m_open;
   std::vector<std::pair<std::string, bool>>
@@ -45,13 +60,14 @@ class XmlOutline::Builder : public XmlListener {
   std::vector<std::size_t> m_lengths;  // of the path of each open element
   std::string m_path;
   std::size_t m_depth = 0;
+  std::size_t m_elements = 0;  // in the outline
 };
 
 XmlOutline::XmlOutline(std::string text, std::string fileName)
     : m_text(std::move(text)), m_fileName(std::move(fileName)) {
   if (m_text.empty()) return;
   Builder builder(*this);
-  scanXml(m_text, m_fileName, maxXmlTextSize, &builder);
+  scanXml(m_text, m_fileName, MaxNodes, &builder);
 }
 
 std::size_t XmlOutline::count(const std::string& path) const {

@@ -16,8 +16,16 @@ class XmlOutline {
   /// Elements down to this depth, the root being 1, are in the outline; those of the last depth once for all
   /// siblings of a name.
   static constexpr std::size_t Depth = 5;
+  /// Most elements of an outline; that of a full book has some 1,000.
+  static constexpr std::size_t MaxElements = 50'000;
+  /// Longest path of one, in bytes.
+  static constexpr std::size_t MaxPathLength = 1'000;
+  /// Most nodes of the text, as scanXml counts them. A book of the most cells that are saved has 3.2 million,
+  /// if each is a row of its own.
+  static constexpr std::size_t MaxNodes = 4'000'000;
 
-  /// @throws what scanXml throws of a text that is no XML. An empty text is an empty outline.
+  /// @throws what scanXml throws of a text that is no XML, or is beyond the limits. An empty text is an empty
+  /// outline.
   XmlOutline(std::string text, std::string fileName);
 
   /// The elements without their attributes and texts.
