@@ -210,9 +210,11 @@ TEST_F(XmlFile, AnyNameAndValueOfAnAttributeSurvives) {
   }
 }
 
-TEST_F(XmlFile, WhatXmlCannotHoldIsReplaced) {
-  const std::pair<std::string, std::string> cases[] = {
-      {std::string("a\0b", 3), "a\uFFFDb"}, {"bell\x07", "bell\uFFFD"}, {"cut \xE2\x82", "cut \uFFFD"}};
+TEST_F(XmlFile, WhatXmlCannotHoldIsEscapedOrReplaced) {
+  const std::pair<std::string, std::string> cases[] = {{std::string("a\0b", 3), std::string("a\0b", 3)},
+                                                       {"list\x17of\x07", "list\x17of\x07"},
+                                                       {"_x0007_", "_x0007_"},
+                                                       {"cut \xE2\x82", "cut \uFFFD"}};
   KVXEXmlReadWrite xml(pathOf("out.xml"));
   for (const auto& [value, expected] : cases) xml.addVectorOfAttrMap("A.R", {{{"k", value}}});
   xml.writeXml(false);

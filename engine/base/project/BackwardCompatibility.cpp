@@ -52,7 +52,7 @@ bool speaksOfClock(std::string_view tag) {
   const auto sameLetter = [](char a, char b) {
     return (a >= 'A' && a <= 'Z' ? static_cast<char>(a - 'A' + 'a') : a) == b;
   };
-  return !std::ranges::search(tag, word, sameLetter).empty();
+  return std::search(tag.begin(), tag.end(), word.begin(), word.end(), sameLetter) != tag.end();
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include <iostream>
+#include <algorithm>
 #include <map>
 
 #include "engine/base/project/BackwardCompatibility.h"
@@ -200,12 +200,16 @@ bool KVXEVersion::makeBookOf(Settings settings) const {
   }
   settings.erase(architecture);
   selection->insertSettings({settings.begin(), settings.end()});
+  const bool isInCatalogue = !selection->getSelectedDeviceName().empty();
   const std::string device = selection->getDevicePkgTag();
   KVXEBookMgr::getGlobal().closeProject();  // another project's values would stay between this one's
   selection->redrawTabs(false);
-  if (selection->getDevicePkgTag() != device)
+  const bool isAsSaved = std::ranges::all_of(settings, [&](const auto& setting) {
+    return setting.second.empty() || selection->getCurrentSetting(setting.first) == setting.second;
+  });
+  if (!isInCatalogue && !isAsSaved)
     tell(__LINE__, 2,
-         "The device " + device + " of the project is not in the catalogue; " +
+         "The device " + device + " of the project is not in the catalogue as it was chosen; " +
              selection->getSelectedDeviceName() + " takes its place.");
   return true;
 }

@@ -130,7 +130,7 @@ Tree KVXEXmlReadWrite::parseText(std::string text, const std::string& fileName) 
   std::istringstream in(std::move(text));
   Tree tree;
   xml::read_xml_internal(in, tree, xml::trim_whitespace, fileName);
-  if (mayHaveEscapes) kvxe::unescapeNames(tree);
+  if (mayHaveEscapes) kvxe::unescapeTree(tree);
   return tree;
 }
 

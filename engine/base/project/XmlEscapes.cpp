@@ -14,7 +14,6 @@ namespace {
 using boost::property_tree::ptree;
 
 constexpr std::string_view EmptyName = "_x_";
-constexpr std::string_view ReplacementCharacter = "\xEF\xBF\xBD";
 constexpr std::size_t EscapeLength = 7;  // "_xHHHH_"
 
 bool isLetter(char c) {
@@ -59,8 +58,20 @@ bool isName(const std::string& key, Children siblings) {
          (key != "<xmlattr>" && key != "<xmlcomment>" && key != "<xmltext>");
 }
 
+/// XML allows these blanks and no other control characters.
+bool isControl(char c) {
+  return static_cast<unsigned char>(c) < 0x20 && c != '\t' && c != '\n' && c != '\r';
+}
+
+bool isPlainText(const std::string& text) {
+  if (!KVXMHelperUtils::isText(text)) return false;
+  for (std::size_t at = text.find("_x"); at != std::string::npos; at = text.find("_x", at + 1))
+    if (escapedNumber(std::string_view(text).substr(at))) return false;
+  return true;
+}
+
 bool isPlain(const ptree& tree, Children children) {
-  if (!KVXMHelperUtils::isText(tree.data())) return false;
+  if (!isPlainText(tree.data())) return false;
   return std::ranges::all_of(tree, [&](const ptree::value_type& child) {
     return (!isName(child.first, children) || isPlainName(child.first)) &&
            isPlain(child.second, childrenOf(child.first, children));
@@ -68,7 +79,7 @@ bool isPlain(const ptree& tree, Children children) {
 }
 
 ptree escaped(const ptree& tree, Children children) {
-  ptree copy(toXmlText(tree.data()));
+  ptree copy(escapeXmlText(tree.data()));
   for (const auto& [key, child] : tree)
     copy.push_back({isName(key, children) ? escapeXmlName(key) : key, ptree()})->second =
         escaped(child, childrenOf(key, children));
@@ -76,6 +87,7 @@ ptree escaped(const ptree& tree, Children children) {
 }
 
 void unescape(ptree& tree, Children children) {
+  if (tree.data().find("_x") != std::string::npos) tree.data() = unescapeXmlText(tree.data());
   for (auto child = tree.begin(); child != tree.end(); ++child) {
     unescape(child->second, childrenOf(child->first, children));
     if (!isName(child->first, children)) continue;
@@ -111,7 +123,10 @@ std::string escapeXmlName(std::string_view name) {
 }
 
 std::string unescapeXmlName(std::string_view spelled) {
-  if (spelled == EmptyName) return {};
+  return spelled == EmptyName ? std::string() : unescapeXmlText(spelled);
+}
+
+std::string unescapeXmlText(std::string_view spelled) {
   std::string name;
   for (std::size_t at = 0; at < spelled.size();) {
     const std::optional<unsigned> number = escapedNumber(spelled.substr(at));
@@ -123,17 +138,17 @@ std::string unescapeXmlName(std::string_view spelled) {
   return name;
 }
 
-std::string toXmlText(const std::string& text) {
-  if (KVXMHelperUtils::isText(text)) return text;
-  std::string clean;
-  for (const char c : NLocale::convert(NLocale::convert(text))) {
-    const bool isControl = static_cast<unsigned char>(c) < 0x20 && c != '\t' && c != '\n' && c != '\r';
-    if (isControl)
-      clean += ReplacementCharacter;
+std::string escapeXmlText(const std::string& text) {
+  if (isPlainText(text)) return text;
+  const std::string valid = NLocale::convert(NLocale::convert(text));
+  std::string spelled;
+  for (std::size_t at = 0; at < valid.size(); ++at) {
+    if (isControl(valid[at]) || escapedNumber(std::string_view(valid).substr(at)))
+      appendEscape(spelled, valid[at]);
     else
-      clean += c;
+      spelled += valid[at];
   }
-  return clean;
+  return spelled;
 }
 
 std::optional<ptree> escapeForXml(const ptree& tree) {
@@ -141,7 +156,7 @@ std::optional<ptree> escapeForXml(const ptree& tree) {
   return escaped(tree, Children::Elements);
 }
 
-void unescapeNames(ptree& tree) {
+void unescapeTree(ptree& tree) {
   unescape(tree, Children::Elements);
 }
 

@@ -19,14 +19,16 @@ std::string escapeXmlName(std::string_view name);
 /// The name that escapeXmlName spelled so.
 std::string unescapeXmlName(std::string_view spelled);
 
-/// A text without what XML cannot hold: control characters other than tab, line feed and return, and bytes
-/// that are no UTF-8, become U+FFFD.
-std::string toXmlText(const std::string& text);
+/// A value as files spell it: control characters that XML does not allow are escaped as in names. Bytes that are
+/// no UTF-8 become U+FFFD.
+std::string escapeXmlText(const std::string& text);
+/// The value that escapeXmlText spelled so.
+std::string unescapeXmlText(std::string_view spelled);
 
 /// A copy of a tree with names and values as files spell them; nothing for a tree that can be written as it
 /// is.
 std::optional<boost::property_tree::ptree> escapeForXml(const boost::property_tree::ptree& tree);
-/// Gives a tree that was read its names. The tree is not deeper than scanXml allows.
-void unescapeNames(boost::property_tree::ptree& tree);
+/// Gives a tree that was read its names and values. The tree is not deeper than scanXml allows.
+void unescapeTree(boost::property_tree::ptree& tree);
 
 }  // namespace kvxe

@@ -42,7 +42,7 @@ void XmlOutput::add(std::string_view name, Attributes attributes) {
   m_text.append(Indent * m_begun, ' ').append("<").append(escapeXmlName(name));
   for (const auto& [key, value] : attributes) {
     m_text.append(" ").append(escapeXmlName(key)).append("=\"");
-    appendValue(toXmlText(value));
+    appendValue(escapeXmlText(value));
     m_text += '"';
   }
   m_text += "/>\n";
