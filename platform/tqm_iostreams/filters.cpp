@@ -73,8 +73,8 @@ class File {
 /// Writes the payload behind a header that is blank until all of it is there.
 class Sealer {
  public:
-  Sealer(const std::string& path, std::shared_ptr<seal_state> state)
-      : m_path(path), m_file(path, O_WRONLY | O_CREAT | O_TRUNC), m_state(std::move(state)) {
+  explicit Sealer(std::shared_ptr<seal_state> state)
+      : m_file(state->path, O_WRONLY | O_CREAT | O_TRUNC), m_state(std::move(state)) {
     const xp::header_bytes blank{};
     note(m_file.write(blank.data(), blank.size()));
   }
@@ -86,14 +86,14 @@ class Sealer {
         crc32_z(m_header.checksum, reinterpret_cast<const unsigned char*>(bytes), size));
     m_header.length += size;
     if (m_header.length > xp::maxPayload) {
-      m_state->error = m_path + ": more than " + std::to_string(xp::maxPayload) + " bytes";
+      m_state->error = m_state->path + ": more than " + std::to_string(xp::maxPayload) + " bytes";
       return;
     }
     note(m_file.write(bytes, size));
   }
 
   void close() {
-    if (m_state->error.empty()) {
+    if (m_state->is_whole && m_state->error.empty()) {
       const xp::header_bytes header = xp::encode(m_header);
       note(m_file.rewind() && m_file.write(header.data(), header.size()));
     }
@@ -102,10 +102,9 @@ class Sealer {
 
  private:
   void note(bool isWell) {
-    if (!isWell && m_state->error.empty()) m_state->error = m_path + ": " + reason(errno);
+    if (!isWell && m_state->error.empty()) m_state->error = m_state->path + ": " + reason(errno);
   }
 
-  std::string m_path;
   File m_file;
   std::shared_ptr<seal_state> m_state;
   xp::header m_header;
@@ -178,7 +177,8 @@ std::vector<char> readPayload(const std::string& path) {
 
 void xp_latest::operator()(filtering_stream<output>& stream, const std::string& path) const {
   auto state = std::make_shared<seal_state>();
-  stream.push(SealingSink(std::make_shared<Sealer>(path, state)), BufferSize);
+  state->path = path;
+  stream.push(SealingSink(std::make_shared<Sealer>(state)), BufferSize);
   stream.watch(std::move(state));
 }
 
@@ -188,6 +188,9 @@ void xp_version18::operator()(filtering_stream<input>& stream, const std::string
 
 template <class Mode>
 void filtering_stream<Mode>::close() {
+  if (m_state && this->fail() && m_state->error.empty())
+    m_state->error = m_state->path + ": not all of it was written";
+  if (m_state) m_state->is_whole = true;
   this->reset();
   if (m_state && !m_state->error.empty()) throw NException(m_state->error);
 }

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 #include <system_error>
 
@@ -18,8 +19,12 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t BlockSize = 1 << 16;
+constexpr const char* MoreThanSaid = "has more bytes than the archive says";
 constexpr unsigned long EncryptedFlag = 1;
 constexpr unsigned long UnixHost = 3;
+constexpr std::uint64_t DirectoryEntryLength = 46;  // before its name (PKWARE APPNOTE 4.3.12)
+// What follows the directory: the end record, or that of large archives (4.3.16, 4.3.14).
+constexpr std::string_view EndRecord = "PK\x05\x06", LargeEndRecord = "PK\x06\x06";
 
 /// The parts of a name between slashes.
 std::vector<std::string_view> partsOf(std::string_view name) {
@@ -70,7 +75,10 @@ void ArchiveReader::refuse(const Entry& entry, const std::string& what) const {
   refuse("the entry '" + shown(entry.name) + "' " + what);
 }
 
-ArchiveReader::ArchiveReader(const std::string& path) : m_path(path), m_zip(unzOpen64(path.c_str())) {
+ArchiveReader::ArchiveReader(const std::string& path) : m_path(path) {
+  checkFile();
+  if (isDirectoryEndAt(0)) return;  // an archive of no files, which the library does not take
+  m_zip = unzOpen64(path.c_str());
   if (!m_zip) refuse("it is not an archive");
   try {
     unz_global_info64 info{};
@@ -82,6 +90,8 @@ ArchiveReader::ArchiveReader(const std::string& path) : m_path(path), m_zip(unzO
         refuse("it has more than " + std::to_string(ArchiveLimits::maxEntries) + " entries");
       m_entries.push_back(readEntry());
     }
+    // An end record that counts too few entries would hide the others.
+    if (!isDirectoryEndAt(m_directoryEnd)) refuse("its directory is damaged");
     checkTogether();
   } catch (...) {
     unzClose(m_zip);
@@ -91,6 +101,21 @@ ArchiveReader::ArchiveReader(const std::string& path) : m_path(path), m_zip(unzO
 
 ArchiveReader::~ArchiveReader() {
   unzClose(m_zip);
+}
+
+void ArchiveReader::checkFile() const {
+  std::error_code error;
+  if (!fs::is_regular_file(m_path, error)) refuse(error ? error.message() : "it is not a file");
+  if (fs::file_size(m_path, error) > ArchiveLimits::maxArchiveSize)
+    refuse("it is larger than " + std::to_string(ArchiveLimits::maxArchiveSize) + " bytes");
+}
+
+bool ArchiveReader::isDirectoryEndAt(std::uint64_t position) const {
+  std::ifstream file(m_path, std::ios::binary);
+  file.seekg(static_cast<std::streamoff>(position));
+  std::string signature(EndRecord.size(), '\0');
+  file.read(signature.data(), static_cast<std::streamsize>(signature.size()));
+  return signature == EndRecord || signature == LargeEndRecord;
 }
 
 ArchiveReader::Entry ArchiveReader::readEntry() {
@@ -104,6 +129,8 @@ ArchiveReader::Entry ArchiveReader::readEntry() {
                               0) != UNZ_OK)
     refuse("its directory is damaged");
   check(entry, info);
+  m_directoryEnd = unzGetOffset64(m_zip) + DirectoryEntryLength + info.size_filename + info.size_file_extra +
+                   info.size_file_comment;
   return entry;
 }
 
@@ -117,6 +144,7 @@ void ArchiveReader::check(const Entry& entry, const unz_file_info64& info) const
   if (entry.size > ArchiveLimits::maxEntrySize)
     refuse(entry, "has " + std::to_string(entry.size) + " bytes, more than " +
                       std::to_string(ArchiveLimits::maxEntrySize));
+  if (entry.packed > compressBound(entry.size)) refuse(entry, MoreThanSaid);
 }
 
 void ArchiveReader::checkTogether() const {
@@ -146,7 +174,9 @@ void ArchiveReader::unpack(const std::string& directory) {
   for (const Entry& entry : m_entries) {
     if (result != UNZ_OK) refuse("its directory is damaged");
     const fs::path file = fs::path(directory) / entry.name;
-    fs::create_directories(file.parent_path());
+    std::error_code error;
+    fs::create_directories(file.parent_path(), error);
+    if (error) refuse(file.parent_path().string() + ": " + error.message());
     unpackCurrent(entry, file.string());
     result = unzGoToNextFile(m_zip);
   }
@@ -198,7 +228,7 @@ void ArchiveReader::unpackCurrent(const Entry& entry, const std::string& file) {
   int got = 0;
   while ((got = unzReadCurrentFile(m_zip, block.get(), BlockSize)) > 0) {
     size += static_cast<std::uint64_t>(got);
-    if (size > entry.size) refuse(entry, "has more bytes than the archive says");
+    if (size > entry.size) refuse(entry, MoreThanSaid);
     out.write(block.get(), static_cast<std::size_t>(got));
   }
   if (got < 0 || size != entry.size || unzCloseCurrentFile(m_zip) != UNZ_OK) refuse(entry, "is damaged");

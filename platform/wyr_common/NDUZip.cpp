@@ -42,7 +42,9 @@ constexpr int DefaultLevel = Z_DEFAULT_COMPRESSION;
 
 class Descriptor {
  public:
-  Descriptor(const std::string& path, int flags) : m_value(open(path.c_str(), flags | O_CLOEXEC)) {}
+  /// A pipe of that name is not waited for.
+  Descriptor(const std::string& path, int flags)
+      : m_value(open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK)) {}
   Descriptor(const Descriptor&) = delete;
   Descriptor& operator=(const Descriptor&) = delete;
   ~Descriptor() {
@@ -66,8 +68,12 @@ class Descriptor {
 /// The files below a directory, by their names relative to it, in order.
 std::vector<std::string> namesBelow(const std::string& directory) {
   std::vector<std::string> names;
-  for (const auto& entry : fs::recursive_directory_iterator(directory))
-    if (entry.is_regular_file()) names.push_back(entry.path().lexically_relative(directory).generic_string());
+  std::error_code error;
+  for (fs::recursive_directory_iterator entry(directory, error), end; !error && entry != end;
+       entry.increment(error))
+    if (entry->is_regular_file(error))
+      names.push_back(entry->path().lexically_relative(directory).generic_string());
+  if (error) fail(directory, error.message());
   std::sort(names.begin(), names.end());
   return names;
 }
@@ -114,9 +120,13 @@ class Writer {
 };
 
 void writeAt(const Descriptor& file, const std::string& path, std::string_view bytes, std::int64_t at) {
-  errno = 0;
-  if (pwrite(file, bytes.data(), bytes.size(), at) != static_cast<ssize_t>(bytes.size()))
-    failWithReason(path);
+  while (!bytes.empty()) {
+    const ssize_t written = pwrite(file, bytes.data(), bytes.size(), at);
+    if (written < 0 && errno == EINTR) continue;
+    if (written <= 0) failWithReason(path);
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+    at += written;
+  }
 }
 
 /// The digest that belongs behind the first `length` bytes of the file.
@@ -144,14 +154,17 @@ void NDUZip::attachDigest(const NDUFile& archive) {
   const char commentLength[2] = {static_cast<char>(DigestLength), 0};
   static_assert(DigestLength < 128);
   writeAt(file, archive.path(), {commentLength, 2}, end + static_cast<std::int64_t>(CommentLengthOffset));
-  writeAt(file, archive.path(), digestOf(file, size), size);
+  const std::string digest = digestOf(file, size);
+  if (digest.empty()) failWithReason(archive.path());
+  writeAt(file, archive.path(), digest, size);
 }
 
 int NDUZip::checkIntegrity(const NDUFile& archive) noexcept {
   try {
     const Descriptor file(archive.path(), O_RDONLY);
-    const std::int64_t length = file.size() - static_cast<std::int64_t>(DigestLength);
-    if (length < 0) return 1;
+    const std::int64_t size = file.size();
+    const std::int64_t length = size - static_cast<std::int64_t>(DigestLength);
+    if (length < 0 || size > static_cast<std::int64_t>(ArchiveLimits::maxArchiveSize)) return 1;
     const std::string digest = digestOf(file, length);
     return !digest.empty() && file.read(length, DigestLength) == digest ? 0 : 1;
   } catch (const std::exception&) {
@@ -161,9 +174,5 @@ int NDUZip::checkIntegrity(const NDUFile& archive) noexcept {
 
 void NDUZip::uncompress(const NDUFile& archive, const std::string& directory, UNZIP_OPTIONS,
                         const std::string*) {
-  const Descriptor file(archive.path(), O_RDONLY);
-  if (file.size() > static_cast<std::int64_t>(ArchiveLimits::maxArchiveSize))
-    fail(archive.path(), "larger than " + std::to_string(ArchiveLimits::maxArchiveSize) + " bytes");
-  ArchiveReader reader(archive.path());
-  reader.unpack(directory);
+  ArchiveReader(archive.path()).unpack(directory);
 }

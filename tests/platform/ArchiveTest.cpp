@@ -4,6 +4,7 @@
 
 #include <random>
 
+#include "engine/base/project/KVXEZip.h"
 #include "platform/wyr_common/NDUZip.h"
 #include "tests/kit/ProjectDirectory.h"
 #include "tests/kit/ThrownText.h"
@@ -91,6 +92,10 @@ TEST_F(Archive, OfTheSameFilesHasTheSameBytes) {
   pack("first", "1.zip");
   pack("second", "2.zip");
   EXPECT_TRUE(ProjectDirectory::read("1.zip") == ProjectDirectory::read("2.zip"));
+  std::vector<std::string> names;
+  KVXEZip::getPathsInZip("1.zip", names);
+  EXPECT_TRUE(names.size() == someFiles.size() && std::is_sorted(names.begin(), names.end()))
+      << "in whatever order the file system lists them";
 }
 
 TEST_F(Archive, WithAnyByteChangedOrMissingIsNotWhole) {
