@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "engine/base/project/KVXEXmlReadWrite.h"
+#include "engine/base/project/XmlOutline.h"
 #include "engine/base/project/XmlOutput.h"
 #include "engine/base/project/XmlScan.h"
 #include "engine/base/selection/KVXEPartSelection.h"
@@ -40,7 +41,7 @@ std::string valueOf(KVXECell* cell) {
 
 [[noreturn]] void refuse(const std::string& what, std::size_t count, std::size_t most) {
   throw NException(what + " " + std::to_string(count) + "; a project file holds " + std::to_string(most) +
-                   ". Delete rows that are not used.");
+                   ". Delete what is not used.");
 }
 
 /// What is saved must open again.
@@ -59,6 +60,9 @@ void checkSize(const KVXEBook& book) {
     }
   }
   if (cells > KVXEVersion::MaxCells) refuse("The cells of the book are", cells, KVXEVersion::MaxCells);
+  const std::size_t ips = KVXEWizardMgr::getGlobal().getSavedConfigs().size();
+  constexpr std::size_t mostIps = kvxe::XmlOutline::MaxElements / 2;  // tabs and tables take the rest
+  if (ips > mostIps) refuse("The configurations of IP are", ips, mostIps);
 }
 
 /// Rows that are told apart by a column need different values there.
