@@ -73,7 +73,8 @@ class FrontEnd {
       KvxHandshakeData message;
       if (request) message.ParseFromString(request->bytes);
       for (const auto& argument : message.operation().arguments())
-        if (argument.value().starts_with('/') || argument.value().find("..") != std::string::npos) return true;
+        if (argument.value().starts_with('/') || argument.value().find("..") != std::string::npos)
+          return true;
     }
     return false;
   }

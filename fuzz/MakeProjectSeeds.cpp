@@ -9,6 +9,7 @@
 #include "engine/base/project/KVXEProject.h"
 #include "engine/base/project/KVXEVersion.h"
 #include "engine/base/project/KVXEXmlReadWrite.h"
+#include "engine/base/selection/KVXEPartSelection.h"
 #include "engine/base/workbook/KVXEBook.h"
 #include "engine/base/workbook/KVXERow.h"
 #include "engine/base/workbook/KVXETab.h"
@@ -24,8 +25,10 @@ using namespace kvxe::fuzz;
 using boost::property_tree::ptree;
 namespace fs = std::filesystem;
 
-/// Puts something into the first row of every table that takes it.
+/// Puts something into the first row of every table that takes it, as if from each source in turn.
 void fillBook() {
+  using KVXEEnums::ValueSource;
+  constexpr ValueSource sources[] = {ValueSource::USER, ValueSource::XML, ValueSource::IP};
   const KVXEBook& book = *getSmallBook();
   for (unsigned int i = 0; i < book.getTabCount(); ++i) {
     const KVXETab* tab = book.getTab(i);
@@ -35,7 +38,7 @@ void fillBook() {
         KVXECell* cell = table->getCellAt(1, column);
         if (!cell || !cell->getIsEditable()) continue;
         cell->setValAndState(1, KVXEEnums::CellState::DIRTY_DIRTY);
-        cell->setValueSource(KVXEEnums::ValueSource::USER);
+        cell->setValueSource(sources[(j + column) % std::size(sources)]);
       }
     }
   }
@@ -83,8 +86,21 @@ std::string textOf(const ptree& tree) {
   return text.str();
 }
 
-/// Each table by itself, with few rows, and each with the device, so that the whole can be read.
-void makeVersions(const fs::path& folder) {
+/// Some values as an older release wrote them.
+ptree aged(ptree row) {
+  const auto attributes = row.get_child_optional("<xmlattr>");
+  if (!attributes) return row;
+  for (auto& [name, value] : *attributes) {
+    if (name == "Mode") value.data() = "GEN3X8";
+    if (name == "LinkSpeed") value.data() = "GEN3";
+    if (name.find("Clock") != std::string::npos && !name.ends_with("_SOURCE")) value.data() = "100 MHz (clk)";
+  }
+  return row;
+}
+
+/// Each table of the present book by itself, with few rows, and some with the device, so that the whole can
+/// be read.
+void makeVersions(const fs::path& folder, const std::string& prefix) {
   fs::create_directories(folder);
   KVXEVersion(".").write("version.xml");
   const ptree tree = KVXEXmlReadWrite("version.xml").parseXml(true);
@@ -93,18 +109,18 @@ void makeVersions(const fs::path& folder) {
   for (const auto& [tab, tables] : tree.get_child("Version.Book"))
     for (const auto& [table, rows] : tables) {
       ptree few;
-      for (const auto& row : rows)
-        if (few.size() < 3) few.push_back(row);
+      for (const auto& [name, row] : rows)
+        if (few.size() < 3) few.push_back({name, few.size() == 1 ? aged(row) : row});
       ptree alone;
       alone.put_child("Version.Book." + tab + "." + table, few);
-      writeFile(folder / ("table" + std::to_string(number)), textOf(alone));
-      if (number++ % 8 != 0) continue;
+      writeFile(folder / (prefix + "-table" + std::to_string(number)), textOf(alone));
+      if (number++ % 4 != 0) continue;
       alone.put_child("Version.Book.POWER_DESIGN.CurrentSelection", device);
-      writeFile(folder / ("device" + std::to_string(number)), textOf(alone));
+      writeFile(folder / (prefix + "-device" + std::to_string(number)), textOf(alone));
     }
   ptree ips;
   ips.put_child("Version._IpConfiguration", tree.get_child("Version._IpConfiguration"));
-  writeFile(folder / "ip", textOf(ips));
+  writeFile(folder / (prefix + "-ip"), textOf(ips));
 }
 
 }  // namespace
@@ -116,12 +132,16 @@ int main(int argc, char** argv) {
   }
   const fs::path folder = fs::absolute(argv[1]);
   const ScratchPlace place;
-  makeSmallBook();
-  fillBook();
+  for (const std::string& architecture :
+       {KVXEPartSelection::m_arkeonArchName, KVXEPartSelection::m_morlanArchName,
+        KVXEPartSelection::m_somVisionArchName}) {
+    makeSmallBook(architecture);
+    fillBook();
+    makeVersions(folder / "version", architecture);
+  }
   KVXEProject project;
   if (!project.newProject("design.kvx") || !project.saveProject("") || !project.closeProject()) return 1;
   makeArchives(folder / "archive", readFile("design.kvx"));
   makeStreams(folder / "stream");
-  makeVersions(folder / "version");
   return 0;
 }

@@ -39,10 +39,14 @@ std::string madePart;
 }  // namespace
 
 void makeSmallBook() {
+  makeSmallBook(KVXEPartSelection::m_somVisionArchName);
+}
+
+void makeSmallBook(const std::string& architecture) {
   KVXEPrjMgr::getGlobal().closeProject();
   KVXEHandshakeDialog::getGlobal().reset();
   KVXEPartSelection::resetPartSelection();
-  KVXEPartSelection* selection = KVXEPartSelection::resetToArch(KVXEPartSelection::m_somVisionArchName);
+  KVXEPartSelection* selection = KVXEPartSelection::resetToArch(architecture);
   selection->resetDeviceSelectionToDefault();
   selection->redrawTabs(true);
   forEachTable(*getSmallBook(), trim);

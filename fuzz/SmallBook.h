@@ -13,6 +13,8 @@ inline constexpr unsigned int StartRows = 3;
 /// Makes the book anew, calculated, with the default device and no open project. The front end got nothing so
 /// far.
 void makeSmallBook();
+/// That of another architecture.
+void makeSmallBook(const std::string& architecture);
 /// Whether the current book is still one of the default device.
 bool isSmallBookThere();
 /// Gives tables that have grown, and those that have lost all rows, a few rows again.

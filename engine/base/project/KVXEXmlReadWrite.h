@@ -16,9 +16,10 @@ class XmlOutput;
 /// Every XML file of the system goes through here: a property tree whose nodes are named by dotted paths, and
 /// rows, which are repeated elements that are read and written as one map of attributes each.
 ///
-/// What is written reads back to the same attributes, any names and values included. In a file a character that
-/// XML does not allow in a name or a value is escaped ("_x0020_" for a blank in a name); bytes that are no UTF-8
-/// become U+FFFD. The text of an element is trimmed and its blanks condensed on reading; attributes are not.
+/// What is written reads back to the same attributes, any names and values included. In a file a character
+/// that XML does not allow in a name or a value is escaped ("_x0020_" for a blank in a name); bytes that are
+/// no UTF-8 become U+FFFD. The text of an element is trimmed and its blanks condensed on reading; attributes
+/// are not.
 ///
 /// Errors are std::exceptions whose text names the file, and for a damaged text the line.
 class KVXEXmlReadWrite {

@@ -19,8 +19,8 @@ std::string escapeXmlName(std::string_view name);
 /// The name that escapeXmlName spelled so.
 std::string unescapeXmlName(std::string_view spelled);
 
-/// A value as files spell it: control characters that XML does not allow are escaped as in names. Bytes that are
-/// no UTF-8 become U+FFFD.
+/// A value as files spell it: control characters that XML does not allow are escaped as in names. Bytes that
+/// are no UTF-8 become U+FFFD.
 std::string escapeXmlText(const std::string& text);
 /// The value that escapeXmlText spelled so.
 std::string unescapeXmlText(std::string_view spelled);

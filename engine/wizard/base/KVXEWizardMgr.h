@@ -23,8 +23,8 @@ class KVXEWizardMgr {
   /// Forgets the open wizard and the saved settings: the project closes.
   void resetVariables() { m_savedConfigs.clear(); }
 
-  /// What each dialog that made an IP was filled with, by the IP's identifier: a project keeps it, so that the
-  /// dialog can open again on it.
+  /// What each dialog that made an IP was filled with, by the IP's identifier: a project keeps it, so that
+  /// the dialog can open again on it.
   const std::map<std::string, Properties>& getSavedConfigs() const { return m_savedConfigs; }
   void saveConfig(const std::string& key, Properties properties) {
     m_savedConfigs.insert_or_assign(key, std::move(properties));
