@@ -5,7 +5,6 @@
 #include <zlib.h>
 
 #include <boost/iostreams/concepts.hpp>
-#include <boost/iostreams/device/array.hpp>
 #include <cerrno>
 #include <system_error>
 #include <vector>

@@ -51,6 +51,7 @@ void checkSize(const KVXEBook& book) {
     const KVXETab* tab = book.getTab(i);
     for (unsigned int j = 0; tab && j < tab->getTableCount(); ++j) {
       const KVXETable* table = tab->getTable(j);
+      if (!table->getTableTitle()) continue;  // not saved
       const std::size_t rows = table->getRowCount(), columns = table->getColumnCount();
       // A row is an element with a list of attributes, two for each cell.
       if (rows * 2 * (columns + 1) > kvxe::maxXmlNodes)

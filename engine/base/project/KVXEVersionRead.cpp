@@ -18,7 +18,6 @@
 #include "engine/wizard/base/KVXEWizardMgr.h"
 
 using boost::property_tree::ptree;
-using KVXEEnums::CellType;
 using KVXEEnums::TitleType;
 using KVXEEnums::ValueSource;
 
